@@ -1,0 +1,63 @@
+#pragma once
+
+// The one place where dates, times and numbers are formatted and parsed. The conversions are
+// fixed (English month names, day/month/year dates, 24-hour times, "." decimal) so that every
+// figure a club publishes is the same on every machine.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "data/Value.h"
+
+namespace tb {
+
+DateTime MakeDateTime(int year, unsigned month, unsigned day, int hour = 0, int minute = 0,
+                      int second = 0);
+DateTime Now();    // local wall-clock time, whole seconds
+DateTime Today();  // local date at midnight
+DateTime DatePart(DateTime t);
+long long SecondsOfDay(DateTime t);
+int YearOf(DateTime t);
+unsigned MonthOf(DateTime t);
+unsigned DayOf(DateTime t);
+DateTime AddDays(DateTime t, int days);
+
+// A date as a user types it ("is a valid date"): d/m/yy, dd/mm/yyyy, "d mmm yyyy" (English
+// month abbreviation or name) and ISO yyyy-mm-dd, optionally followed by a time hh:mm[:ss].
+// Two-digit years 00-29 are 20xx, 30-99 are 19xx. Anything else, or an impossible day, is nullopt.
+std::optional<DateTime> ParseTypedDate(std::string_view text);
+bool IsValidDate(std::string_view text);
+
+// The database's storage form "YYYY-MM-DD HH:MM:SS" (a date alone is accepted too).
+std::optional<DateTime> ParseStoredDateTime(std::string_view text);
+std::string ToStoredDateTime(DateTime t);
+
+// A number as typed: optional blanks, sign, digits with "." decimal and optional exponent.
+std::optional<double> ParseNumber(std::string_view text);
+bool IsNumeric(std::string_view text);
+
+double RoundHalfEven(double x);
+double RoundHalfAwayFromZero(double x, int decimals = 0);
+
+// Visual Basic style Format for the format strings the system uses:
+//   dates:   "dd mmm yyyy", "dd/mm/yyyy", "dd/mm/yy", "hh:mm", "hhmm", "hhmmss",
+//            "dd mmm yyyy hh:nn:ss", "mmdd_hhmm" (mm after hh is minutes, nn is minutes)
+//   numbers: "0.000", "0.0", "00", "0", "+0.00; -0.00" (rounded half away from zero)
+//   text:    "@" and "!" placeholders pad with blanks; "!" fills from the left
+std::string FormatDate(DateTime t, std::string_view format);
+std::string FormatNumber(double x, std::string_view format);
+std::string FormatText(std::string_view text, std::string_view format);
+// Dispatches on the value's type; Null gives an empty text.
+std::string Format(const Value& v, std::string_view format);
+
+// Whole seconds as h:mm:ss with unpadded hours (results tables).
+std::string FormatDuration(long long seconds);
+
+// The ordinary conversion of a value to text: numbers as the shortest text with at most 15
+// significant digits (4080, 2.5, 0.985); dates as dd/mm/yyyy with " hh:mm:ss" when the time is
+// not midnight; Booleans True/False; Null as empty.
+std::string ToText(const Value& v);
+std::string NumberToText(double x);
+
+}  // namespace tb

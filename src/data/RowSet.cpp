@@ -1,0 +1,17 @@
+#include "data/RowSet.h"
+
+#include <stdexcept>
+
+namespace tb {
+
+void RowSet::AddRow(std::vector<Value> row) {
+    if (columns_ == 0)
+        columns_ = row.size();
+    if (row.size() != columns_)
+        throw std::logic_error("row width differs from the row set's");
+    for (auto& v : row)
+        cells_.push_back(std::move(v));
+    ++rows_;
+}
+
+}  // namespace tb

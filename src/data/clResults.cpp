@@ -1,0 +1,207 @@
+#include "data/clResults.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <sqlite3.h>
+
+#include "app/Globals.h"
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/RunTimeFault.h"
+#include "data/Transaction.h"
+
+namespace tb {
+
+namespace {
+
+constexpr int kBusyTimeoutMs = 5000;
+
+// The tables every Tallyboard database has; a file without them is not one of ours.
+constexpr const char* kTables[] = {
+    "People",  "BoatType",      "Boat",     "HandicapType", "Handicap", "Scoring",
+    "Points",  "DiscardSystem", "Discards", "Series",       "Schedule", "Class",
+    "Entrant", "EntryList",     "Start",    "Results",      "Status",   "Settings"};
+
+void CheckTallyboardTables(SQLite::Database& db) {
+    SQLite::Statement st(db, "SELECT count(*) FROM sqlite_master WHERE type='table' AND name=?");
+    for (const char* table : kTables) {
+        st.reset();
+        st.bind(1, table);
+        st.executeStep();
+        if (st.getColumn(0).getInt() == 0) {
+            throw RunTimeFault(
+                3078, std::string("The database engine cannot find the input table '") + table +
+                          "'. The file is not a Tallyboard database.");
+        }
+    }
+}
+
+void Bind(SQLite::Statement& st, int index, const Value& v) {
+    std::visit(
+        [&](const auto& x) {
+            using T = std::decay_t<decltype(x)>;
+            if constexpr (std::is_same_v<T, std::monostate>) {
+                st.bind(index);
+            } else if constexpr (std::is_same_v<T, bool>) {
+                st.bind(index, x ? 1 : 0);
+            } else if constexpr (std::is_same_v<T, std::int64_t>) {
+                st.bind(index, static_cast<int64_t>(x));
+            } else if constexpr (std::is_same_v<T, double>) {
+                st.bind(index, x);
+            } else if constexpr (std::is_same_v<T, std::string>) {
+                st.bind(index, x);
+            } else {
+                st.bind(index, ToStoredDateTime(x));
+            }
+        },
+        v.storage());
+}
+
+// Date/Time and Yes/No columns are declared as such, so their values read back with their type.
+enum class ColumnKind : char { Plain, Date, Boolean };
+
+ColumnKind KindOf(const SQLite::Statement& st, int column) {
+    try {
+        const std::string declared = st.getColumnDeclaredType(column);
+        if (declared == "DATETIME")
+            return ColumnKind::Date;
+        if (declared == "BOOLEAN")
+            return ColumnKind::Boolean;
+    } catch (const SQLite::Exception&) {
+        // An expression column has no declared type.
+    }
+    return ColumnKind::Plain;
+}
+
+Value ReadColumn(const SQLite::Column& c, ColumnKind kind) {
+    switch (c.getType()) {
+        case SQLITE_NULL:
+            return {};
+        case SQLITE_INTEGER:
+            if (kind == ColumnKind::Boolean)
+                return Value(c.getInt64() != 0);
+            return Value(static_cast<long long>(c.getInt64()));
+        case SQLITE_FLOAT:
+            return Value(c.getDouble());
+        default: {
+            std::string s = c.getString();
+            if (kind == ColumnKind::Date) {
+                if (auto t = ParseStoredDateTime(s))
+                    return Value(*t);
+            }
+            return Value(std::move(s));
+        }
+    }
+}
+
+}  // namespace
+
+clResults::clResults() = default;
+clResults::~clResults() = default;
+
+void clResults::CloseConnection() {
+    statements_.clear();
+    Cn.reset();
+    Connected_ = false;
+}
+
+std::string clResults::SqlQuote(const std::string& Text) {
+    std::string quoted;
+    quoted.reserve(Text.size());
+    for (char c : Text) {
+        quoted += c;
+        if (c == '\'')
+            quoted += '\'';
+    }
+    return quoted;
+}
+
+std::string clResults::ConnectDb() {
+    if (Connected_)
+        return {};
+    try {
+        auto db =
+            std::make_unique<SQLite::Database>(DataFile, SQLite::OPEN_READWRITE, kBusyTimeoutMs);
+        CheckTallyboardTables(*db);
+        Cn = std::move(db);
+        Connected_ = true;
+        return {};
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        return ErrorText({}, "ConnectDb", &pending);
+    }
+}
+
+std::string clResults::Run(const char* location, Shape shape,
+                           const std::function<std::string()>& body) {
+    std::string Msg = ConnectDb();
+    if (!Msg.empty()) {
+        if (shape == Shape::Remove)
+            ShowMessage(Msg);
+        return Msg;
+    }
+    try {
+        if (shape == Shape::Query)
+            return body();
+        Transaction transaction(Cn->getHandle());
+        Msg = body();
+        if (Msg.empty() && shape == Shape::Store)
+            Msg = StampModified();
+        transaction.Commit();
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        return ErrorText({}, location, &pending);
+    }
+    return Msg;
+}
+
+SQLite::Statement& clResults::Prepared(std::string_view sql) {
+    auto it = statements_.find(std::string(sql));
+    if (it == statements_.end()) {
+        auto st = std::make_unique<SQLite::Statement>(*Cn, std::string(sql));
+        it = statements_.emplace(std::string(sql), std::move(st)).first;
+    }
+    SQLite::Statement& st = *it->second;
+    st.tryReset();
+    st.clearBindings();
+    return st;
+}
+
+RowSet clResults::Query(std::string_view sql, const std::vector<Value>& params) {
+    SQLite::Statement& st = Prepared(sql);
+    int index = 1;
+    for (const Value& p : params)
+        Bind(st, index++, p);
+    RowSet rows;
+    const int columns = st.getColumnCount();
+    std::vector<ColumnKind> kinds;
+    while (st.executeStep()) {
+        if (kinds.empty()) {
+            for (int c = 0; c < columns; ++c)
+                kinds.push_back(KindOf(st, c));
+        }
+        std::vector<Value> row;
+        row.reserve(static_cast<std::size_t>(columns));
+        for (int c = 0; c < columns; ++c)
+            row.push_back(ReadColumn(st.getColumn(c), kinds[c]));
+        rows.AddRow(std::move(row));
+    }
+    st.tryReset();
+    return rows;
+}
+
+int clResults::Execute(std::string_view sql, const std::vector<Value>& params) {
+    SQLite::Statement& st = Prepared(sql);
+    int index = 1;
+    for (const Value& p : params)
+        Bind(st, index++, p);
+    const int changes = st.exec();
+    st.tryReset();
+    return changes;
+}
+
+std::int64_t clResults::LastInsertId() const {
+    return Cn->getLastInsertRowid();
+}
+
+}  // namespace tb

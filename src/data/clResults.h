@@ -1,0 +1,121 @@
+#pragma once
+
+// The system's one gateway to the database. Every operation returns its message (empty on
+// success) and hands its other results back through reference arguments; nothing throws past an
+// operation. Each operation is defined in the folder of the subsystem that owns its tables.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "app/ReportMenu.h"
+#include "data/RowSet.h"
+
+namespace SQLite {
+class Database;
+class Statement;
+}  // namespace SQLite
+
+namespace tb {
+
+class clResults {
+public:
+    clResults();
+    ~clResults();
+    clResults(const clResults&) = delete;
+    clResults& operator=(const clResults&) = delete;
+
+    bool Connected() const { return Connected_; }
+    // Closes the connection, ignoring errors; the next operation opens it again (with DataFile).
+    void CloseConnection();
+
+    // Doubles every apostrophe and changes nothing else.
+    static std::string SqlQuote(const std::string& Text);
+
+    // ---- Configuration and settings
+    std::string GetSetting(const std::string& Parameter, std::string& Value);
+    std::string PutSetting(const std::string& Parameter, const std::string& Value);
+    std::string GetInitialisationInfo();
+    const ReportMenuTable& ReportMenu() const { return ReportMenu_; }
+
+    // ---- Boats, models and handicaps
+
+    // ---- People
+
+    // ---- Series and class splits
+
+    // ---- Race schedule
+
+    // ---- Entries
+
+    // ---- Years, series and races of the main window
+    std::string GetYears(RowSet& Years);
+    std::string GetCurrentYear(RowSet& Years, std::string& CurrentYear);
+    std::string GetSeries(RowSet& Series, const std::string& Year);
+    std::string GetCurrentSeries(RowSet& Series, int& CurrentSeries, const std::string& Year);
+    std::string GetSchedule(RowSet& Schedule, int SeriesId);
+    std::string GetCurrentSchedule(RowSet& Schedule, int SeriesId, int& CurrentSchedule);
+
+    // ---- Start times
+
+    // ---- Result recording
+
+    // ---- Scoring and discard systems
+
+    // ---- Elapsed and corrected times
+    std::string ComputeResultTimes(int RaceId, RowSet& Problems);
+
+    // ---- Race points
+    std::string ComputePoints(int RaceId, short Option);
+
+    // ---- Series points and discards
+    // Discards: one row per class of the races-run list; column 0 the number of discards,
+    // column 1 the class Id, so that reports match them to classes by Id.
+    std::string ComputeSeriesPoints(int RaceId, short Option, RowSet& Discards);
+
+    // ---- Race and cumulative results
+    std::string GetRaceResults(int RaceId, short Option, RowSet& ClassRows, RowSet& BoatRows);
+    std::string GetCumulativeResults(int RaceId, short Option, RowSet& CumulativeRows);
+
+    // ---- Reports
+    std::string CreateReport(int KindIndex, int ActionIndex, int Viewer, int RaceId,
+                             std::string& OutputPath);
+    std::string ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
+                                   const RowSet& Problems, std::string& Html);
+
+    // ---- Options
+
+private:
+    // How an operation meets the database: a query reads; a write runs in one transaction; a
+    // store also stamps the change time when it succeeds; a remove shows a connection failure
+    // at once. Every shape turns a run-time error into the "C-Error" text for its location.
+    enum class Shape { Query, Write, Store, Remove };
+    std::string Run(const char* location, Shape shape, const std::function<std::string()>& body);
+
+    std::string ConnectDb();
+    std::string StampModified();
+
+    // Statements with every value bound as a parameter; statements are prepared once per
+    // connection and reused.
+    RowSet Query(std::string_view sql, const std::vector<Value>& params = {});
+    int Execute(std::string_view sql, const std::vector<Value>& params = {});
+    std::int64_t LastInsertId() const;
+    SQLite::Statement& Prepared(std::string_view sql);
+
+    // ---- Private steps of the boats, people, series, entries and results operations
+
+    // ---- Private steps of the scoring computations
+
+    // ---- Private steps of the reports
+
+    std::unique_ptr<SQLite::Database> Cn;
+    bool Connected_ = false;
+    std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;
+    ReportMenuTable ReportMenu_;
+};
+
+}  // namespace tb
