@@ -1,0 +1,163 @@
+#include "data/Conversions.h"
+#include "data/clResults.h"
+#include "scoring/ScopeFilters.h"
+
+namespace tb {
+
+namespace {
+
+// One row per class with entries in the race; never narrowed by the entrant selection.
+constexpr const char* kClassRows = R"sql(
+SELECT Entrant.Class, count(EntryList.Schedule) AS Entrants,
+       sum(CASE WHEN Results.Status IS NULL OR Results.Status = 2 THEN 0 ELSE 1 END) AS Starters,
+       Series.Title, Series.SubseriesTitle, Schedule.RaceName, Schedule.RaceDate,
+       Start.StartTime AS Started, Class.ClassName, '' AS Header, '' AS Comment, Start.TopNote,
+       Start.Footnote, Series.Id AS SeriesId, Schedule.Reference, '' AS CumulativeTitle
+FROM EntryList
+JOIN Entrant ON Entrant.Id = EntryList.Entrant
+JOIN Results ON Entrant.Id = Results.Entrant AND Results.Schedule = EntryList.Schedule
+JOIN Schedule ON Schedule.Id = Results.Schedule AND Schedule.Id = EntryList.Schedule
+JOIN Series ON Series.Id = Schedule.Series
+JOIN Start ON Entrant.Class = Start.Class AND Start.Schedule = EntryList.Schedule
+JOIN Class ON Class.Id = Entrant.Class
+WHERE EntryList.Schedule = ?1
+GROUP BY Entrant.Class, Start.StartTime, Start.TopNote, Start.Footnote, Series.Title,
+         Series.SubseriesTitle, Schedule.RaceName, Schedule.RaceDate, Class.ClassName, Series.Id,
+         Schedule.Reference
+ORDER BY Class.ClassName, Entrant.Class)sql";
+
+// Columns 7 and 8 come back as raw seconds and are written as h:mm:ss afterwards.
+std::string BoatRows(const std::string& entrantFilter) {
+    return R"sql(
+SELECT Start.Id, Entrant.Class, Boat.BoatName, Boat.FullSailNo,
+       CASE WHEN Entrant.NameOnResults IS NULL
+            THEN ifnull(People.Firstname, '') || ' ' || ifnull(People.Lastname, '')
+            ELSE Entrant.NameOnResults END AS Owner,
+       Results.Handicap, Results.FinishTime AS Finished, Results.ElapsedTime AS Elapsed,
+       Results.CorrectedTime AS Corrected, Results.Points,
+       CASE WHEN Results.Status IS NULL THEN 'DNC' WHEN Results.Status = 9 THEN ''
+            ELSE Status.Code END AS Status,
+       0 AS Pos, Results.Notes, Results.PenaltyMins, Results.PenaltyPercent,
+       Results.PenaltyPoints, BoatType.Model
+FROM Results
+JOIN Status ON Status.Id = Results.Status
+JOIN EntryList ON Results.Entrant = EntryList.Entrant AND Results.Schedule = EntryList.Schedule
+JOIN Entrant ON Entrant.Id = EntryList.Entrant
+JOIN People ON People.Id = Entrant.Entrant
+JOIN Boat ON Boat.Id = Entrant.Boat
+JOIN BoatType ON BoatType.Id = Boat.BoatType
+JOIN Start ON EntryList.Schedule = Start.Schedule AND Entrant.Class = Start.Class
+WHERE EntryList.Schedule = ?1)sql" +
+           entrantFilter + " ORDER BY Start.Id, Entrant.Class, Results.Points, Boat.BoatName";
+}
+
+std::string CumulativeRows(const std::string& filters) {
+    return R"sql(
+SELECT Class.Id, Class.ClassName, Boat.Id, Boat.BoatName, Boat.FullSailNo, S1.RaceDate,
+       S1.RaceName, Results.Points, Entrant.SeriesPoints, 0 AS Pos
+FROM Schedule
+JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1.Series
+JOIN Results ON S1.Id = Results.Schedule
+JOIN Entrant ON Entrant.Id = Results.Entrant
+JOIN Class ON Class.Id = Entrant.Class
+JOIN Boat ON Boat.Id = Entrant.Boat
+WHERE Results.Points <> 0 AND Schedule.Id = ?1)sql" +
+           filters +
+           " ORDER BY Class.Id, Entrant.SeriesPoints, Boat.BoatName, Boat.Id, Boat.FullSailNo, "
+           "S1.RaceDate, S1.RaceName";
+}
+
+// Seconds as h:mm:ss; the seconds are first rounded to whole ones, to the even neighbour at an
+// exact half.
+Value TimeText(const Value& seconds) {
+    return Value(FormatDuration(static_cast<long long>(RoundHalfEven(seconds.AsDouble()))));
+}
+
+}  // namespace
+
+std::string clResults::GetRaceResults(int RaceId, short Option, RowSet& ClassRows,
+                                      RowSet& BoatRows) {
+    return Run("GetRaceResults", Shape::Query, [&] {
+        ClassRows = Query(kClassRows, {RaceId});
+        if (ClassRows.IsEmpty())
+            return std::string("I-No results were found for race");
+        std::string header;
+        std::string Msg = GetSetting("Header", header);
+        if (!Msg.empty())
+            return Msg;
+        ClassRows(9, 0) = Value(header);
+        std::string comment;
+        Msg = GetSetting("Comment", comment);
+        if (!Msg.empty())
+            return Msg;
+        ClassRows(10, 0) = Value(comment);
+
+        BoatRows = Query(tb::BoatRows(EntrantTypeFilter(Option)), {RaceId});
+        long long currentStart = 0;
+        long long position = 0;
+        long long count = 0;
+        double lastPoints = 0;
+        for (std::size_t r = 0; !BoatRows.IsEmpty() && r < BoatRows.Rows(); ++r) {
+            const bool finished = !BoatRows(6, r).IsNull();
+            if (!finished)
+                BoatRows(6, r) = Value("-");
+            BoatRows(7, r) = finished ? TimeText(BoatRows(7, r)) : Value("-");
+            BoatRows(8, r) = finished ? TimeText(BoatRows(8, r)) : Value("-");
+            const double points = BoatRows(9, r).AsDouble();
+            const long long start = BoatRows(0, r).AsInt();
+            if (start != currentStart) {
+                currentStart = start;
+                position = 1;
+                count = 1;
+                lastPoints = points;
+            } else {
+                ++count;
+                if (points != lastPoints) {
+                    position = count;
+                    lastPoints = points;
+                }
+            }
+            BoatRows(11, r) = Value(position);
+        }
+        return std::string();
+    });
+}
+
+std::string clResults::GetCumulativeResults(int RaceId, short Option, RowSet& CumulativeRows) {
+    return Run("GetCumulativeResults", Shape::Query, [&] {
+        CumulativeRows = Query(
+            tb::CumulativeRows(SubSeriesFilter(Option) + EntrantTypeFilter(Option)), {RaceId});
+        long long currentClass = 0;
+        long long currentBoat = 0;
+        long long position = 0;
+        long long boats = 0;
+        double lastTotal = 0;
+        for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
+            // A discarded result is stored negative and shown as its points with a "*".
+            const double points = CumulativeRows(7, r).AsDouble();
+            if (points < 0)
+                CumulativeRows(7, r) = Value(ToText(Value(-points)) + "*");
+            const long long classId = CumulativeRows(0, r).AsInt();
+            const long long boat = CumulativeRows(2, r).AsInt();
+            const double total = CumulativeRows(8, r).AsDouble();
+            if (classId != currentClass || r == 0) {
+                currentClass = classId;
+                currentBoat = boat;
+                position = 1;
+                boats = 1;
+                lastTotal = total;
+            } else if (boat != currentBoat) {
+                currentBoat = boat;
+                ++boats;
+                if (total != lastTotal) {
+                    position = boats;
+                    lastTotal = total;
+                }
+            }
+            CumulativeRows(9, r) = Value(position);
+        }
+        return std::string();
+    });
+}
+
+}  // namespace tb

@@ -1,0 +1,111 @@
+#include <string>
+
+#include "data/clResults.h"
+
+namespace tb {
+
+namespace {
+
+// Per entered boat, its handicaps of its class's type valid on the race date; boats with none
+// are added with a count of 0.
+constexpr const char* kHandicapCheck = R"sql(
+SELECT Entrant.Boat, Boat.BoatName AS BoatName, count(*) AS Qty, HandicapType.Description,
+       Schedule.RaceDate AS RaceDate, max(Entrant.Class)
+FROM EntryList
+JOIN Entrant ON Entrant.Id = EntryList.Entrant
+JOIN Schedule ON Schedule.Id = EntryList.Schedule
+JOIN Boat ON Boat.Id = Entrant.Boat
+JOIN Class ON Class.Id = Entrant.Class
+JOIN Handicap ON Handicap.Boat = Entrant.Boat AND Handicap.HandicapType = Class.HandicapType
+JOIN HandicapType ON HandicapType.Id = Class.HandicapType
+WHERE EntryList.Schedule = ?1 AND Handicap.EffectiveFrom <= Schedule.RaceDate
+  AND (Handicap.Expires IS NULL OR Handicap.Expires >= Schedule.RaceDate)
+GROUP BY Entrant.Boat, Boat.BoatName, HandicapType.Description, Schedule.RaceDate
+UNION ALL
+SELECT Entrant.Boat, Boat.BoatName, 0, HandicapType.Description, Schedule.RaceDate, 1
+FROM EntryList
+JOIN Entrant ON Entrant.Id = EntryList.Entrant
+JOIN Schedule ON Schedule.Id = EntryList.Schedule
+JOIN Boat ON Boat.Id = Entrant.Boat
+JOIN Class ON Class.Id = Entrant.Class
+JOIN HandicapType ON HandicapType.Id = Class.HandicapType
+WHERE EntryList.Schedule = ?1
+  AND NOT EXISTS (SELECT 1 FROM Handicap
+                  WHERE Handicap.HandicapType = Class.HandicapType AND Handicap.Boat = Entrant.Boat
+                    AND Handicap.EffectiveFrom <= Schedule.RaceDate
+                    AND (Handicap.Expires IS NULL OR Handicap.Expires >= Schedule.RaceDate))
+ORDER BY BoatName, RaceDate)sql";
+
+// A did-not-compete result for every entrant of the series in every race up to this one.
+constexpr const char* kMissingResults = R"sql(
+INSERT INTO Results (Schedule, Entrant, Status)
+SELECT S1.Id, Entrant.Id, 2
+FROM Schedule
+JOIN Entrant ON Schedule.Series = Entrant.Series
+JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1.Series
+WHERE Schedule.Id = ?1
+  AND NOT EXISTS (SELECT 1 FROM Results
+                  WHERE Results.Schedule = S1.Id AND Results.Entrant = Entrant.Id))sql";
+
+constexpr const char* kDefaultHandicap = "UPDATE Results SET Handicap = 9.999 WHERE Schedule = ?1";
+
+// The valid handicap of each boat on the race's entry list (a Null start date counts as valid
+// here). Of several, the latest EffectiveFrom wins, then the highest Id.
+constexpr const char* kValidHandicap = R"sql(
+UPDATE Results SET Handicap = Chosen.Tcf
+FROM (SELECT EntryList.Entrant AS Entrant,
+             (SELECT Handicap.Handicap FROM Handicap
+              WHERE Handicap.Boat = Entrant.Boat AND Handicap.HandicapType = Class.HandicapType
+                AND (Handicap.EffectiveFrom <= Schedule.RaceDate OR Handicap.EffectiveFrom IS NULL)
+                AND (Handicap.Expires >= Schedule.RaceDate OR Handicap.Expires IS NULL)
+              ORDER BY Handicap.EffectiveFrom DESC, Handicap.Id DESC LIMIT 1) AS Tcf
+      FROM EntryList
+      JOIN Entrant ON Entrant.Id = EntryList.Entrant
+      JOIN Class ON Class.Id = Entrant.Class
+      JOIN Schedule ON Schedule.Id = EntryList.Schedule
+      WHERE EntryList.Schedule = ?1) AS Chosen
+WHERE Results.Schedule = ?1 AND Results.Entrant = Chosen.Entrant AND Chosen.Tcf IS NOT NULL)sql";
+
+// Elapsed seconds from the class start; corrected = (elapsed x (1 + percent/100) + minutes x 60)
+// x TCF.
+constexpr const char* kTimes = R"sql(
+UPDATE Results SET
+  ElapsedTime = CASE WHEN Start.StartTime IS NULL OR Results.FinishTime IS NULL THEN 0
+                ELSE strftime('%s', Results.FinishTime) - strftime('%s', Start.StartTime) END,
+  CorrectedTime = CASE WHEN Start.StartTime IS NULL OR Results.FinishTime IS NULL
+                         OR Results.Handicap IS NULL THEN 0
+                  ELSE ((strftime('%s', Results.FinishTime) - strftime('%s', Start.StartTime))
+                        * (1 + Results.PenaltyPercent / 100.0) + Results.PenaltyMins * 60)
+                       * Results.Handicap END
+FROM EntryList
+JOIN Entrant ON Entrant.Id = EntryList.Entrant
+JOIN Start ON Start.Class = Entrant.Class
+WHERE Results.Schedule = ?1 AND EntryList.Schedule = Results.Schedule
+  AND EntryList.Entrant = Results.Entrant AND Start.Schedule = Results.Schedule)sql";
+
+}  // namespace
+
+std::string clResults::ComputeResultTimes(int RaceId, RowSet& Problems) {
+    Problems = RowSet(6, 1);
+    return Run("ComputeResultTimes", Shape::Write, [&] {
+        const RowSet check = Query(kHandicapCheck, {RaceId});
+        RowSet found;
+        for (std::size_t row = 0; row < check.Rows(); ++row) {
+            if (check(2, row).AsInt() == 1 && check(5, row).AsInt() != 0)
+                continue;
+            std::vector<Value> problem;
+            for (std::size_t c = 0; c < check.Columns(); ++c)
+                problem.push_back(check(c, row));
+            found.AddRow(std::move(problem));
+        }
+        if (!found.IsEmpty())
+            Problems = std::move(found);
+        Execute(kMissingResults, {RaceId});
+        Execute(kDefaultHandicap, {RaceId});
+        Execute(kValidHandicap, {RaceId});
+        Execute(kTimes, {RaceId});
+        return std::string();
+    });
+}
+
+}  // namespace tb

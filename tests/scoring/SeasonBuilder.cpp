@@ -1,0 +1,102 @@
+#include "SeasonBuilder.h"
+
+#include <SQLiteCpp/Statement.h>
+
+namespace tb::test {
+
+namespace {
+std::string Quote(const std::string& text) {
+    std::string quoted = "'";
+    for (char c : text)
+        quoted += c == '\'' ? std::string("''") : std::string(1, c);
+    return quoted + "'";
+}
+}  // namespace
+
+SeasonBuilder::SeasonBuilder(TestDatabase& db) : db_(db) {
+    db_.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
+    db_.Exec("INSERT INTO BoatType (Id, Model, LOA, Draft) VALUES (1, 'Laser', 4.2, 0.8)");
+    db_.Exec(
+        "INSERT INTO Series (Id, Title, SubseriesTitle, Scoring, Discards) "
+        "VALUES (1, 'Summer', 'Evenings', 1, 1)");
+}
+
+int SeasonBuilder::AddClass(const std::string& name, double minTcf) {
+    db_.Exec("INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (1, " +
+             Quote(name) + ", 1, " + std::to_string(minTcf) + ")");
+    return static_cast<int>(db_.raw().getLastInsertRowid());
+}
+
+int SeasonBuilder::AddEntrant(const std::string& boatName, int classId, int entrantType,
+                              double tcf) {
+    ++people_;
+    db_.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + std::to_string(people_) +
+             ", 'Helm', " + Quote("No" + std::to_string(people_)) + ")");
+    db_.Exec("INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES (" +
+             Quote(boatName) + ", 1, " + Quote("GBR " + std::to_string(people_)) + ", " +
+             std::to_string(people_) + ", " + std::to_string(people_) + ")");
+    const auto boat = db_.raw().getLastInsertRowid();
+    db_.Exec(
+        "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires) "
+        "VALUES (" +
+        std::to_string(boat) + ", 1, " + std::to_string(tcf) + ", '2000-01-01 00:00:00', NULL)");
+    db_.Exec("INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (1, " +
+             std::to_string(boat) + ", " + std::to_string(classId) + ", " +
+             std::to_string(entrantType) + ", " + std::to_string(people_) + ")");
+    return static_cast<int>(db_.raw().getLastInsertRowid());
+}
+
+int SeasonBuilder::AddRace(const std::string& name, const std::string& isoDate, bool inSubSeries) {
+    db_.Exec("INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries) VALUES (1, " +
+             Quote(name) + ", '" + isoDate + " 00:00:00', " + (inSubSeries ? "1" : "0") + ")");
+    return static_cast<int>(db_.raw().getLastInsertRowid());
+}
+
+void SeasonBuilder::Enter(int entrant, int race) {
+    db_.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + std::to_string(entrant) + ", " +
+             std::to_string(race) + ")");
+}
+
+void SeasonBuilder::EnterAll(int race) {
+    db_.Exec("INSERT INTO EntryList (Entrant, Schedule) SELECT Id, " + std::to_string(race) +
+             " FROM Entrant");
+}
+
+void SeasonBuilder::Start(int race, int classId, bool started) {
+    db_.Exec("INSERT INTO Start (Schedule, Class, StartTime) SELECT " + std::to_string(race) +
+             ", " + std::to_string(classId) + ", " +
+             (started ? "substr(RaceDate, 1, 10) || ' 10:00:00'" : "NULL") +
+             " FROM Schedule WHERE Id=" + std::to_string(race));
+}
+
+void SeasonBuilder::Finish(int race, int entrant, int elapsedSeconds, const std::string& extraSet) {
+    db_.Exec("INSERT INTO Results (Schedule, Entrant, Status, FinishTime) SELECT " +
+             std::to_string(race) + ", " + std::to_string(entrant) +
+             ", 9, datetime(substr(RaceDate, 1, 10) || ' 10:00:00', '+" +
+             std::to_string(elapsedSeconds) +
+             " seconds') FROM Schedule WHERE Id=" + std::to_string(race));
+    if (!extraSet.empty()) {
+        db_.Exec("UPDATE Results SET " + extraSet + " WHERE Schedule=" + std::to_string(race) +
+                 " AND Entrant=" + std::to_string(entrant));
+    }
+}
+
+void SeasonBuilder::Status(int race, int entrant, int status) {
+    db_.Exec("INSERT INTO Results (Schedule, Entrant, Status) VALUES (" + std::to_string(race) +
+             ", " + std::to_string(entrant) + ", " + std::to_string(status) + ")");
+}
+
+double SeasonBuilder::Points(int race, int entrant) {
+    SQLite::Statement st(db_.raw(), "SELECT Points FROM Results WHERE Schedule=? AND Entrant=?");
+    st.bind(1, race);
+    st.bind(2, entrant);
+    return st.executeStep() ? st.getColumn(0).getDouble() : -999;
+}
+
+double SeasonBuilder::SeriesPoints(int entrant) {
+    SQLite::Statement st(db_.raw(), "SELECT SeriesPoints FROM Entrant WHERE Id=?");
+    st.bind(1, entrant);
+    return st.executeStep() ? st.getColumn(0).getDouble() : -999;
+}
+
+}  // namespace tb::test
