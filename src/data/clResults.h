@@ -43,14 +43,43 @@ public:
     const ReportMenuTable& ReportMenu() const { return ReportMenu_; }
 
     // ---- Boats, models and handicaps
+    std::string GetBoatDetails(int Id, RowSet& Detail);
 
     // ---- People
 
     // ---- Series and class splits
+    std::string GetSeriesDetails(int SeriesId, RowSet& Rows);
+    std::string PutSeriesDetails(int& SeriesId, const std::string& Title,
+                                 const std::string& SubseriesTitle, int Scoring,
+                                 const std::string& Discards);
+    std::string RemoveSeries(int SeriesId);
+    std::string GetClassSplits(RowSet& Rows, int SeriesId);
+    std::string GetClassDetails(int ClassId, RowSet& Rows);
+    std::string PutClassDetails(int ClassId, int SeriesId, const std::string& ClassName,
+                                const std::string& MinTCF, short HandicapType);
+    std::string RemoveClass(int ClassId);
+    std::string GetEntryClasses(int SeriesId, RowSet& Rows);
 
     // ---- Race schedule
+    std::string GetRaceDetails(int ScheduleId, RowSet& Rows);
+    std::string PutScheduleDetails(int ScheduleId, int Series, const std::string& RaceName,
+                                   const std::string& RaceDate, bool InSubSeries,
+                                   const std::string& Reference);
+    std::string RemoveSchedule(int ScheduleId);
 
     // ---- Entries
+    std::string GetEntries(int SeriesId, RowSet& Rows);
+    std::string GetEntriesForRace(int ScheduleId, RowSet& Rows);
+    std::string GetEntryDetails(int BoatId, int SeriesId, int& EntrantPerson, int& ClassId,
+                                std::string& EntryDate, short& EntrantType,
+                                std::string& NameOnResults, RowSet& RaceRows);
+    // The entrant's race list becomes exactly the positive Ids of Races; Ids of races that stay
+    // entered are set to 0.
+    std::string PutEntryDetails(int BoatId, int SeriesId, int EntrantPerson, int ClassId,
+                                const std::string& EntryDate, short EntrantType,
+                                const std::string& NameOnResults, std::vector<int>& Races);
+    std::string RemoveEntrant(int EntrantId);
+    std::string CheckResults(int SeriesId, int& BoatEntrant, bool& HasResults);
 
     // ---- Years, series and races of the main window
     std::string GetYears(RowSet& Years);
