@@ -11,7 +11,8 @@ constexpr const char* kBoatDetails =
 std::string clResults::GetBoatDetails(int Id, RowSet& Detail) {
     return Run("GetBoatDetails", Shape::Query, [&] {
         RowSet found = Query(kBoatDetails, {Id});
-        if (found.IsEmpty()) throw RunTimeFault::NoCurrentRecord();
+        if (found.IsEmpty())
+            throw RunTimeFault::NoCurrentRecord();
         Detail = std::move(found);
         return std::string();
     });

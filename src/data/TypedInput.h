@@ -11,13 +11,15 @@ namespace tb {
 // "Type mismatch" run-time error, as the database would raise it, and nothing is stored.
 inline double TypedNumber(const std::string& text) {
     const auto number = ParseNumber(text);
-    if (!number) throw RunTimeFault::TypeMismatch();
+    if (!number)
+        throw RunTimeFault::TypeMismatch();
     return *number;
 }
 
 inline DateTime TypedDate(const std::string& text) {
     const auto date = ParseTypedDate(text);
-    if (!date) throw RunTimeFault::TypeMismatch();
+    if (!date)
+        throw RunTimeFault::TypeMismatch();
     return *date;
 }
 

@@ -89,8 +89,8 @@ std::string clResults::GetEntriesForRace(int ScheduleId, RowSet& Rows) {
     });
 }
 
-std::string clResults::GetEntryDetails(int BoatId, int SeriesId, int& EntrantPerson,
-                                       int& ClassId, std::string& EntryDate, short& EntrantType,
+std::string clResults::GetEntryDetails(int BoatId, int SeriesId, int& EntrantPerson, int& ClassId,
+                                       std::string& EntryDate, short& EntrantType,
                                        std::string& NameOnResults, RowSet& RaceRows) {
     return Run("GetEntryDetails", Shape::Query, [&] {
         const RowSet entrant = Query(kEntrant, {BoatId, SeriesId});
@@ -98,7 +98,8 @@ std::string clResults::GetEntryDetails(int BoatId, int SeriesId, int& EntrantPer
             // A boat not yet entered: its owner enters it, today.
             RowSet boat;
             const std::string Msg = GetBoatDetails(BoatId, boat);
-            if (Msg.empty()) EntrantPerson = static_cast<int>(boat(3, 0).AsInt());
+            if (Msg.empty())
+                EntrantPerson = static_cast<int>(boat(3, 0).AsInt());
             EntryDate = FormatDate(Today(), "dd/mm/yy");
             return Msg;
         }
@@ -109,23 +110,23 @@ std::string clResults::GetEntryDetails(int BoatId, int SeriesId, int& EntrantPer
         EntryDate = entrant(5, 0).IsNull() ? std::string()
                                            : FormatDate(entrant(5, 0).AsDate(), "dd/mm/yyyy");
         NameOnResults = entrant(6, 0).ToText();
-        if (entrantId.AsInt() >= 1) RaceRows = Query(kEntrantRaces, {entrantId});
+        if (entrantId.AsInt() >= 1)
+            RaceRows = Query(kEntrantRaces, {entrantId});
         return std::string();
     });
 }
 
 std::string clResults::PutEntryDetails(int BoatId, int SeriesId, int EntrantPerson, int ClassId,
                                        const std::string& EntryDate, short EntrantType,
-                                       const std::string& NameOnResults,
-                                       std::vector<int>& Races) {
+                                       const std::string& NameOnResults, std::vector<int>& Races) {
     return Run("PutEntryDetails", Shape::Store, [&] {
         const Value date(TypedDate(EntryDate));
         const Value name = NameOnResults.empty() ? Value() : Value(NameOnResults);
         const RowSet found = Query(kFindEntrant, {BoatId, SeriesId});
         long long entrantId = 0;
         if (found.IsEmpty()) {
-            Execute(kAddEntrant, {BoatId, SeriesId, EntrantType, EntrantPerson, date, name,
-                                  ClassId});
+            Execute(kAddEntrant,
+                    {BoatId, SeriesId, EntrantType, EntrantPerson, date, name, ClassId});
             entrantId = LastInsertId();
         } else {
             entrantId = found(0, 0).AsInt();
@@ -143,7 +144,8 @@ std::string clResults::PutEntryDetails(int BoatId, int SeriesId, int EntrantPers
             }
         }
         for (int race : Races) {
-            if (race > 0) Execute(kEnterRace, {entrantId, race});
+            if (race > 0)
+                Execute(kEnterRace, {entrantId, race});
         }
         return std::string();
     });

@@ -22,7 +22,8 @@ constexpr const char* kRemoveRace = "DELETE FROM Schedule WHERE Id=?1";
 std::string clResults::GetRaceDetails(int ScheduleId, RowSet& Rows) {
     return Run("GetRaceDetails", Shape::Query, [&] {
         RowSet found = Query(kRaceDetails, {ScheduleId});
-        if (!found.IsEmpty()) Rows = std::move(found);
+        if (!found.IsEmpty())
+            Rows = std::move(found);
         return std::string();
     });
 }

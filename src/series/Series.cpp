@@ -38,7 +38,8 @@ ORDER BY ClassName)sql";
 std::string clResults::GetSeriesDetails(int SeriesId, RowSet& Rows) {
     return Run("GetSeriesDetails", Shape::Query, [&] {
         RowSet found = Query(kSeriesDetails, {SeriesId});
-        if (found.IsEmpty()) throw RunTimeFault::NoCurrentRecord();
+        if (found.IsEmpty())
+            throw RunTimeFault::NoCurrentRecord();
         Rows = std::move(found);
         return std::string();
     });
@@ -58,7 +59,8 @@ std::string clResults::PutSeriesDetails(int& SeriesId, const std::string& Title,
         }
         return std::string();
     });
-    if (Msg.empty() || Msg.rfind("C-", 0) != 0) SeriesId = id;
+    if (Msg.empty() || Msg.rfind("C-", 0) != 0)
+        SeriesId = id;
     return Msg;
 }
 
@@ -72,7 +74,8 @@ std::string clResults::RemoveSeries(int SeriesId) {
 std::string clResults::GetClassSplits(RowSet& Rows, int SeriesId) {
     return Run("GetClassSplits", Shape::Query, [&] {
         RowSet found = Query(kClassSplits, {SeriesId});
-        if (!found.IsEmpty()) Rows = std::move(found);
+        if (!found.IsEmpty())
+            Rows = std::move(found);
         return std::string();
     });
 }
@@ -80,7 +83,8 @@ std::string clResults::GetClassSplits(RowSet& Rows, int SeriesId) {
 std::string clResults::GetClassDetails(int ClassId, RowSet& Rows) {
     return Run("GetClassDetails", Shape::Query, [&] {
         RowSet found = Query(kClassDetails, {ClassId});
-        if (!found.IsEmpty()) Rows = std::move(found);
+        if (!found.IsEmpty())
+            Rows = std::move(found);
         return std::string();
     });
 }
@@ -113,9 +117,11 @@ std::string clResults::RemoveClass(int ClassId) {
 
 std::string clResults::GetEntryClasses(int SeriesId, RowSet& Rows) {
     return Run("GetEntryClasses", Shape::Query, [&] {
-        if (SeriesId <= 0) return std::string();
+        if (SeriesId <= 0)
+            return std::string();
         RowSet found = Query(kEntryClasses, {SeriesId});
-        if (found.IsEmpty()) return std::string("I-There are no classes in this series");
+        if (found.IsEmpty())
+            return std::string("I-There are no classes in this series");
         Rows = std::move(found);
         return std::string();
     });

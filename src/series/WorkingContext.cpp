@@ -15,14 +15,17 @@ SELECT DISTINCT Series.Id, Series.Title
 FROM Series JOIN Schedule ON Series.Id = Schedule.Series
 WHERE substr(Schedule.RaceDate, 1, 4) = ?1
 ORDER BY Series.Title)sql";
-constexpr const char* kAllSeries = "SELECT Series.Id, Series.Title FROM Series ORDER BY Series.Title";
+constexpr const char* kAllSeries =
+    "SELECT Series.Id, Series.Title FROM Series ORDER BY Series.Title";
 constexpr const char* kSchedule = R"sql(
 SELECT Schedule.Id, Schedule.RaceName, Schedule.RaceDate, Schedule.InSubSeries
 FROM Series JOIN Schedule ON Series.Id = Schedule.Series
 WHERE Schedule.Series = ?1
 ORDER BY Schedule.RaceDate, Schedule.RaceName)sql";
 
-int RememberedId(const std::string& text) { return static_cast<int>(Value(TypedNumber(text)).AsInt()); }
+int RememberedId(const std::string& text) {
+    return static_cast<int>(Value(TypedNumber(text)).AsInt());
+}
 
 }  // namespace
 
@@ -36,7 +39,8 @@ std::string clResults::GetYears(RowSet& Years) {
 std::string clResults::GetCurrentYear(RowSet& Years, std::string& CurrentYear) {
     return Run("GetCurrentYear", Shape::Query, [&] {
         std::string Msg = GetYears(Years);
-        if (Msg.empty()) Msg = GetSetting("LastSeriesYr", CurrentYear);
+        if (Msg.empty())
+            Msg = GetSetting("LastSeriesYr", CurrentYear);
         return Msg;
     });
 }
@@ -53,8 +57,10 @@ std::string clResults::GetCurrentSeries(RowSet& Series, int& CurrentSeries,
     return Run("GetCurrentSeries", Shape::Query, [&] {
         std::string Msg = GetSeries(Series, Year);
         std::string remembered;
-        if (Msg.empty()) Msg = GetSetting("LastSeries", remembered);
-        if (Msg.empty() && !remembered.empty()) CurrentSeries = RememberedId(remembered);
+        if (Msg.empty())
+            Msg = GetSetting("LastSeries", remembered);
+        if (Msg.empty() && !remembered.empty())
+            CurrentSeries = RememberedId(remembered);
         return Msg;
     });
 }
@@ -70,8 +76,10 @@ std::string clResults::GetCurrentSchedule(RowSet& Schedule, int SeriesId, int& C
     return Run("GetCurrentSchedule", Shape::Query, [&] {
         std::string remembered;
         std::string Msg = GetSetting("LastSchedule", remembered);
-        if (Msg.empty()) Msg = GetSchedule(Schedule, SeriesId);
-        if (Msg.empty() && !remembered.empty()) CurrentSchedule = RememberedId(remembered);
+        if (Msg.empty())
+            Msg = GetSchedule(Schedule, SeriesId);
+        if (Msg.empty() && !remembered.empty())
+            CurrentSchedule = RememberedId(remembered);
         return Msg;
     });
 }
