@@ -323,7 +323,9 @@ double RoundHalfAwayFromZero(double x, int decimals) {
     // Round the decimal text that x stands for, not its binary neighbour: 2.675 is "2.675".
     const std::string text = ShortestDecimal(std::fabs(x));
     const double scale = std::pow(10.0, decimals);
-    const double exact = std::stod(text) * scale;
+    double decimal = std::fabs(x);
+    std::from_chars(text.data(), text.data() + text.size(), decimal);
+    const double exact = decimal * scale;
     const double eps = std::fabs(exact) * 1e-13;
     double r = std::floor(exact + 0.5 + eps);
     r /= scale;

@@ -101,6 +101,8 @@ TEST(FormatNumber, RoundsHalfAwayFromZeroOnTheDecimalText) {
         {123, "00", "123"},
         {2.5, "0", "3"},
         {-2.5, "0", "-3"},
+        // Subnormal: the fuzzer found that its decimal text did not read back.
+        {3e-321, "0.000", "0.000"},
     };
     for (const auto& [x, format, expected] : cases) {
         SCOPED_TRACE(std::string(format) + " of " + std::to_string(x));
