@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include <SQLiteCpp/Database.h>
+
+#include "app/Globals.h"
+#include "data/clResults.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+
+namespace tb {
+namespace {
+
+using test::RecordingMessages;
+using test::TestDatabase;
+
+bool StartsWith(const std::string& text, const std::string& prefix) {
+    return text.rfind(prefix, 0) == 0;
+}
+
+// Another program holding the file write-locked: a child process that takes the write lock, says
+// so through a pipe and keeps it until it is killed.
+class LockingProcess {
+public:
+    explicit LockingProcess(const std::string& path) {
+        int ready[2];
+        if (pipe(ready) != 0)
+            return;
+        pid_ = fork();
+        if (pid_ == 0) {
+            close(ready[0]);
+            SQLite::Database db(path, SQLite::OPEN_READWRITE);
+            db.exec("BEGIN IMMEDIATE");
+            db.exec("UPDATE Settings SET Value='held' WHERE Parameter='Comment'");
+            const char signal = 'L';
+            if (write(ready[1], &signal, 1) != 1)
+                _exit(1);
+            pause();
+            _exit(0);
+        }
+        close(ready[1]);
+        char signal = 0;
+        locked_ = read(ready[0], &signal, 1) == 1 && signal == 'L';
+        close(ready[0]);
+    }
+    ~LockingProcess() { Release(); }
+    LockingProcess(const LockingProcess&) = delete;
+    LockingProcess& operator=(const LockingProcess&) = delete;
+
+    bool locked() const { return locked_; }
+    // Ends the holder without committing, as a crashed program would.
+    void Release() {
+        if (pid_ > 0) {
+            kill(pid_, SIGKILL);
+            waitpid(pid_, nullptr, 0);
+            pid_ = -1;
+        }
+    }
+
+private:
+    pid_t pid_ = -1;
+    bool locked_ = false;
+};
+
+TEST(Faults, AWriteLockedFileIsWaitedForThenReportedAndALaterRetryWorks) {
+    TestDatabase db;
+    RecordingMessages messages;
+    db.Exec("UPDATE Settings SET Value='Club racing' WHERE Parameter='Header'");
+    clResults results;
+    std::string value;
+    ASSERT_EQ(results.GetSetting("Header", value), "");
+
+    LockingProcess holder(db.path());
+    ASSERT_TRUE(holder.locked());
+    const auto started = std::chrono::steady_clock::now();
+    const std::string Msg = results.PutSetting("Header", "Evening series");
+    const auto waited = std::chrono::steady_clock::now() - started;
+    EXPECT_TRUE(StartsWith(Msg, "C-Error 5 raised by SQLite in PutSetting\r")) << Msg;
+    EXPECT_GE(waited, std::chrono::seconds(4));
+
+    // Reading is not blocked by another program's write lock.
+    EXPECT_EQ(results.GetSetting("Header", value), "");
+    EXPECT_EQ(value, "Club racing");
+
+    holder.Release();
+    EXPECT_EQ(results.PutSetting("Header", "Evening series"), "");
+    EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "Evening series");
+    EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Comment'"), "");
+    EXPECT_EQ(db.Text("PRAGMA integrity_check"), "ok");
+}
+
+TEST(Faults, ADatabaseMissingATableIsRefusedAndLeftAsItWas) {
+    TestDatabase db;
+    RecordingMessages messages;
+    db.Exec("DROP TABLE EntryList");
+    const long long settings = db.Count("Settings");
+    clResults results;
+    const std::string Msg = results.PutSetting("Header", "Evening series");
+    EXPECT_TRUE(StartsWith(Msg, "C-Error 3078 raised by ")) << Msg;
+    EXPECT_NE(Msg.find(" in ConnectDb\r"), std::string::npos) << Msg;
+    EXPECT_EQ(db.Count("Settings"), settings);
+    EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "");
+}
+
+// Runs body in a child process without root's right to write anywhere, and returns the message
+// it produced; the data file's permissions then mean what they say.
+std::string RunUnprivileged(const std::function<std::string()>& body) {
+    int channel[2];
+    if (pipe(channel) != 0)
+        return "<no pipe>";
+    const pid_t child = fork();
+    if (child == 0) {
+        close(channel[0]);
+        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
+            _exit(2);
+        const std::string Msg = body();
+        if (write(channel[1], Msg.data(), Msg.size()) < 0)
+            _exit(3);
+        _exit(0);
+    }
+    close(channel[1]);
+    std::string Msg;
+    char buffer[512];
+    for (ssize_t n; (n = read(channel[0], buffer, sizeof buffer)) > 0;)
+        Msg.append(buffer, static_cast<std::size_t>(n));
+    close(channel[0]);
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return "<child failed>";
+    return Msg;
+}
+
+TEST(Faults, AReadOnlyDataFileGivesAMessageAndStaysAsItWas) {
+    TestDatabase db;
+    db.Exec("UPDATE Settings SET Value='Club racing' WHERE Parameter='Header'");
+    db.Exec("PRAGMA wal_checkpoint(TRUNCATE)");
+    const std::filesystem::path folder = std::filesystem::path(db.path()).parent_path();
+    chmod(folder.c_str(), 0755);
+    chmod(db.path().c_str(), 0444);
+
+    const std::string Msg = RunUnprivileged([] {
+        RecordingMessages messages;
+        clResults results;
+        std::string value;
+        std::string read = results.GetSetting("Header", value);
+        if (!read.empty())
+            return read;
+        return value + "|" + results.PutSetting("Header", "Evening series");
+    });
+    chmod(db.path().c_str(), 0644);
+    EXPECT_TRUE(StartsWith(Msg, "Club racing|C-Error ") || StartsWith(Msg, "C-Error ")) << Msg;
+    EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "Club racing");
+}
+
+}  // namespace
+}  // namespace tb
