@@ -86,21 +86,36 @@ std::string LineOf(const std::string& text, int line) {
     return {};
 }
 
+// The first error a parse meets: what the user is told, with the source line it stopped at.
+struct FirstParseError {
+    bool seen = false;
+    std::string reason;
+    int line = 0;
+};
+
+void KeepFirstParseError(void* data, xmlError* error) {
+    auto* ctxt = static_cast<xmlParserCtxt*>(data);
+    auto* first = static_cast<FirstParseError*>(ctxt->_private);
+    if (first->seen || error == nullptr || error->level < XML_ERR_ERROR)
+        return;
+    first->seen = true;
+    first->reason = error->message != nullptr ? error->message : "The text is not well-formed.\n";
+    first->line = error->line;
+}
+
 // Parses the text keeping every blank; on failure the message is "E-" + the parser's reason +
 // the source line it stopped at.
 DocPtr ParseKeepingBlanks(const std::string& text, const std::string& url, std::string& Msg) {
     std::unique_ptr<xmlParserCtxt, ParserFree> ctxt(xmlNewParserCtxt());
     if (!ctxt)
         throw RunTimeFault(7, "Out of memory");
+    FirstParseError first;
+    ctxt->_private = &first;
+    ctxt->sax->serror = KeepFirstParseError;
     DocPtr doc(xmlCtxtReadMemory(ctxt.get(), text.data(), static_cast<int>(text.size()),
-                                 url.empty() ? nullptr : url.c_str(), nullptr,
-                                 XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
-    const xmlError* error = xmlCtxtGetLastError(ctxt.get());
-    if (!doc || (error != nullptr && error->code != XML_ERR_OK && error->level >= XML_ERR_ERROR)) {
-        const std::string reason = error != nullptr && error->message != nullptr
-                                       ? error->message
-                                       : "The text is not well-formed XML.\n";
-        Msg = "E-" + reason + LineOf(text, error != nullptr ? error->line : 0);
+                                 url.empty() ? nullptr : url.c_str(), nullptr, XML_PARSE_NONET));
+    if (!doc || first.seen) {
+        Msg = "E-" + first.reason + LineOf(text, first.line);
         return nullptr;
     }
     return doc;
