@@ -102,7 +102,7 @@ TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
               "<xsl:stylesheet version=\"1.0\" "
               "xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\">\n"
               "<xsl:template match=\"/\"><p></xsl:template>\n</xsl:stylesheet>\n");
-    WriteFile(reports() + "plain.xsl", kProgPathSheet);
+    WriteFile(reports() + "page.xsl", "<html><body/></html>\n");
     const int race3 = season.AddRace("Race 3", "2024-06-29");
     db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Winter', 1, 1)");
     db.Exec(
@@ -121,6 +121,10 @@ TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
         {"x=broken.xsl,,,0,1", 'E', race2,
          "E-Opening and ending tag mismatch: p line 2 and xsl:template\n"
          "<xsl:template match=\"/\"><p></xsl:template>"},
+        {"x=page.xsl,,,0,1", 'R', race2,
+         "E-compilation error: file " + reports() +
+             "page.xsl line 1 element html\n"
+             "xsltParseStylesheetProcess : document is not a stylesheet\n"},
         {"x=,,,0,1", 'E', race3, "I-No entrants were found for this race"},
         {"x=,,,0,1", 'A', classless, "I-No schedule or class was found for this race"},
         {"x=,,,0,1", 'R', race3, "I-No results were found for race"},
