@@ -28,6 +28,7 @@
           </xsl:if>
           <xsl:call-template name="page-heading">
             <xsl:with-param name="kind" select="$kind"/>
+            <xsl:with-param name="class-menu" select="$type != 'EntryListBySailNo'"/>
             <xsl:with-param name="selection">
               <xsl:value-of select="ClassList[1]/@Title"/>
               <xsl:text> · </xsl:text>

@@ -82,6 +82,7 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
   <xsl:template name="page-heading">
     <xsl:param name="kind"/>
     <xsl:param name="selection"/>
+    <xsl:param name="class-menu" select="true()"/>
     <header class="report">
       <xsl:if test="string(@Organisation)">
         <p class="organisation"><xsl:value-of select="@Organisation"/></p>
@@ -97,7 +98,7 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
       <xsl:if test="string($selection)">
         <p class="selection"><xsl:value-of select="$selection"/></p>
       </xsl:if>
-      <xsl:if test="count(*[@Class]) &gt; 1">
+      <xsl:if test="$class-menu and count(*[@Class]) &gt; 1">
         <nav class="classes">
           <xsl:for-each select="*[@Class]">
             <a href="#c{@ClassId}"><xsl:value-of select="@Class"/></a>

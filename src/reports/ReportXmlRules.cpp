@@ -7,12 +7,6 @@
 
 namespace tb {
 
-std::string AttributeValue(Value& value) {
-    if (value.IsNull())
-        value = Value(std::string());
-    return AttributeValue(static_cast<const Value&>(value));
-}
-
 std::string AttributeValue(const Value& value) {
     const std::string text = ToText(value);
     std::string quoted = "\"";

@@ -15,8 +15,7 @@ inline constexpr const char* kCrLf = "\r\n";
 inline constexpr const char* kXmlDeclaration = "<?xml version=\"1.0\" ?>";
 
 // The value's ordinary text between double quotes, with & " < > written as &#38; &#34; &#60;
-// &#62; and nothing else replaced. A Null value is written as "" and the variable becomes "".
-std::string AttributeValue(Value& value);
+// &#62; and nothing else replaced; a Null value is written as "".
 std::string AttributeValue(const Value& value);
 
 // ReportDate, ReportTime, ReportType and Entrants, then the ">" that closes the root start tag.

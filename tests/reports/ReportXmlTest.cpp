@@ -224,10 +224,6 @@ TEST(ReportXmlRules, AttributeValuesReplaceOnlyTheFourMarkupCharacters) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(AttributeValue(c.value), c.written) << c.written;
-
-    Value missing;
-    EXPECT_EQ(AttributeValue(missing), R"("")");
-    EXPECT_EQ(missing, Value(std::string())) << "a Null variable becomes an empty text";
 }
 
 TEST(ReportXmlRules, PenaltyNotes) {
