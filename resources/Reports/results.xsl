@@ -84,7 +84,7 @@
                 <th class="num">Pos</th>
                 <th>Boat</th>
                 <th>Sail no</th>
-                <th class="wide">Model</th>
+                <th class="wide model">Model</th>
                 <th>Helm</th>
                 <th class="num">TCF</th>
                 <th class="num wide">Finish</th>
@@ -100,7 +100,7 @@
                   <td class="num pos"><xsl:value-of select="@Position"/></td>
                   <td class="boat"><xsl:value-of select="@BoatName"/></td>
                   <td><xsl:value-of select="@SailNo"/></td>
-                  <td class="wide"><xsl:value-of select="@BoatType"/></td>
+                  <td class="wide model"><xsl:value-of select="@BoatType"/></td>
                   <td><xsl:value-of select="@Skipper"/></td>
                   <td class="num"><xsl:value-of select="@TCF"/></td>
                   <td class="num wide">

@@ -63,11 +63,14 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
 }
 @media print {
   @page { size: A4; margin: 14mm 12mm; }
-  body { font-size: 10pt; padding: 0; }
+  body { font-size: 9pt; padding: 0; }
+  .model { display: none; }
+  td.notes { min-width: 6rem; }
+  table.series { font-size: 8pt; }
   main { max-width: none; }
   nav.classes { display: none; }
   .scroll { overflow: visible; }
-  th, td { padding: 2pt 4pt; }
+  th, td { padding: 1.5pt 3pt; }
   section.class { break-inside: avoid-page; }
   .sheet-per-page section.class { break-before: page; break-inside: auto; }
   .sheet-per-page section.class:first-of-type { break-before: auto; }
