@@ -9,6 +9,9 @@ namespace tb::cli {
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
         {"createdb", CreateDb},
+        {"demo", Demo},
+        {"races", Races},
+        {"report", Report},
     };
     return commands;
 }

@@ -1,0 +1,393 @@
+#include "cli/DemoSeason.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "app/Globals.h"
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/Schema.h"
+#include "data/clResults.h"
+
+namespace tb::cli {
+
+namespace {
+
+// A small generator of our own so that a seed gives the same season with every standard
+// library (the library's distributions may differ between implementations).
+class Dice {
+public:
+    explicit Dice(std::uint32_t seed) : state_(seed * 0x9E3779B97F4A7C15ull + 1) {}
+    std::uint32_t Next() {
+        state_ ^= state_ >> 12;
+        state_ ^= state_ << 25;
+        state_ ^= state_ >> 27;
+        return static_cast<std::uint32_t>((state_ * 0x2545F4914F6CDD1Dull) >> 32);
+    }
+    int Below(int n) { return static_cast<int>(Next() % static_cast<std::uint32_t>(n)); }
+    double Unit() { return Next() / 4294967296.0; }
+    // Roughly normal, mean 0 and deviation 1: the sum of twelve uniform numbers less six.
+    double Normal() {
+        double sum = 0;
+        for (int i = 0; i < 12; ++i)
+            sum += Unit();
+        return sum - 6;
+    }
+    bool Chance(double p) { return Unit() < p; }
+
+private:
+    std::uint64_t state_;
+};
+
+struct Model {
+    const char* name;
+    double loa;
+    double draft;
+    double tcf;
+};
+
+// Four fleets a club would split its handicap racing into; the fourth is the multihulls.
+const std::array<std::vector<Model>, 4> kFleets = {{
+    {{"Sigma 38", 11.6, 1.9, 1.010},
+     {"First 40.7", 12.0, 2.2, 1.080},
+     {"J/109", 10.8, 2.0, 1.045},
+     {"X-37", 11.3, 2.1, 1.060}},
+    {{"Sigma 33", 10.0, 1.7, 0.935},
+     {"J/92", 9.2, 1.7, 0.960},
+     {"Elan 333", 10.0, 1.8, 0.955},
+     {"Dehler 34", 10.3, 1.9, 0.975}},
+    {{"Contessa 32", 9.8, 1.7, 0.865},
+     {"Westerly Fulmar", 9.7, 1.5, 0.870},
+     {"Hunter 707", 7.0, 1.2, 0.880},
+     {"Jaguar 25", 7.6, 1.3, 0.845}},
+    {{"Dragonfly 800", 8.0, 0.3, 1.150},
+     {"Corsair 28", 8.7, 0.4, 1.180},
+     {"Firebird", 6.0, 0.5, 1.120}},
+}};
+
+constexpr const char* kFirstNames[] = {
+    "Alice", "Ben",   "Claire", "David", "Emma",   "Finn",  "Grace", "Harry",  "Isla",  "Jack",
+    "Kate",  "Liam",  "Megan",  "Niall", "Olive",  "Peter", "Quinn", "Ruth",   "Sam",   "Tom",
+    "Una",   "Vince", "Wendy",  "Xavi",  "Yasmin", "Zoe",   "Amir",  "Bryony", "Conor", "Dina"};
+constexpr const char* kLastNames[] = {
+    "Archer",  "Baxter", "Carter",  "Dawson", "Ellis",  "Fletcher", "Gibson",  "Hughes",
+    "Irwin",   "Jarvis", "Kennedy", "Lawson", "Morgan", "Nolan",    "O'Neill", "Parker",
+    "Quigley", "Reid",   "Shaw",    "Turner", "Upton",  "Vaughan",  "Walsh",   "Young"};
+constexpr const char* kBoatNames[] = {
+    "Aurora",    "Blue Heron", "Cormorant",   "Dawn Treader", "Eider",       "Free Spirit",
+    "Gannet",    "Halcyon",    "Island Wind", "Jester",       "Kittiwake",   "Lively Lady",
+    "Moonshine", "Nimbus",     "Osprey",      "Puffin",       "Quicksilver", "Red Admiral",
+    "Sea Otter", "Tern",       "Undaunted",   "Valkyrie",     "Whimbrel",    "Xanadu",
+    "Yellowfin", "Zephyr",     "Arctic Tern", "Bella",        "Curlew",      "Dolphin"};
+constexpr const char* kRomans[] = {"", " II", " III", " IV", " V", " VI", " VII", " VIII"};
+
+constexpr int kYear = 2026;
+
+std::string Stored(DateTime t) {
+    return ToStoredDateTime(t);
+}
+
+}  // namespace
+
+std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
+    std::string Msg = CreateDatabase(path);
+    if (!Msg.empty())
+        return Msg;
+    try {
+        Dice dice(size.seed);
+        SQLite::Database db(path, SQLite::OPEN_READWRITE);
+        SQLite::Transaction transaction(db);
+
+        db.exec(
+            "UPDATE Settings SET Value = 'Riverside Sailing Club' WHERE Parameter = 'Header';"
+            "UPDATE Settings SET Value = 'Provisional until the protest time limit has passed' "
+            "WHERE Parameter = 'Comment'");
+        db.exec(
+            "INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club TCF'), "
+            "(2, 'Multihull TCF')");
+
+        SQLite::Statement addModel(db, "INSERT INTO BoatType (Model, LOA, Draft) VALUES (?, ?, ?)");
+        std::array<std::vector<std::int64_t>, 4> modelIds;
+        for (std::size_t f = 0; f < kFleets.size(); ++f) {
+            for (const Model& m : kFleets[f]) {
+                addModel.bind(1, m.name);
+                addModel.bind(2, m.loa);
+                addModel.bind(3, m.draft);
+                addModel.exec();
+                addModel.reset();
+                modelIds[f].push_back(db.getLastInsertRowid());
+            }
+        }
+
+        db.exec(
+            "INSERT INTO Series (Id, Title, SubseriesTitle, Scoring, Discards) VALUES "
+            "(1, 'Summer Series " +
+            std::to_string(kYear) + "', 'Wednesday Evenings', 1, 1)");
+
+        SQLite::Statement addClass(
+            db, "INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (1, ?, ?, 0)");
+        std::vector<std::int64_t> classIds;
+        for (int c = 0; c < size.classes; ++c) {
+            const bool multihulls = c == 3;
+            addClass.bind(1,
+                          multihulls ? std::string("Multihull") : "Class " + std::to_string(c + 1));
+            addClass.bind(2, multihulls ? 2 : 1);
+            addClass.exec();
+            addClass.reset();
+            classIds.push_back(db.getLastInsertRowid());
+        }
+
+        // Races through the season, every other one also counting for the evening sub-series.
+        const DateTime seasonStart = MakeDateTime(kYear, 4, 1);
+        const int spacing = std::max(1, 180 / std::max(1, size.races));
+        SQLite::Statement addRace(db,
+                                  "INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries, "
+                                  "Reference) VALUES (1, ?, ?, ?, ?)");
+        std::vector<std::int64_t> raceIds;
+        std::vector<DateTime> raceDates;
+        std::vector<bool> inSubSeries;
+        for (int r = 0; r < size.races; ++r) {
+            const DateTime date = AddDays(seasonStart, r * spacing);
+            addRace.bind(1, "Race " + std::to_string(r + 1));
+            addRace.bind(2, Stored(date));
+            addRace.bind(3, r % 2);
+            addRace.bind(4, "R" + std::to_string(r + 1));
+            addRace.exec();
+            addRace.reset();
+            raceIds.push_back(db.getLastInsertRowid());
+            raceDates.push_back(date);
+            inSubSeries.push_back(r % 2 == 1);
+        }
+
+        SQLite::Statement addPerson(
+            db, "INSERT INTO People (Firstname, Lastname, ClubMember) VALUES (?, ?, ?)");
+        SQLite::Statement addBoat(
+            db,
+            "INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) "
+            "VALUES (?, ?, ?, ?, ?)");
+        SQLite::Statement addHandicap(
+            db,
+            "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires, "
+            "ModifyDate) VALUES (?, ?, ?, ?, ?, ?)");
+        SQLite::Statement addEntrant(
+            db,
+            "INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant, EntryDate, "
+            "NameOnResults) VALUES (1, ?, ?, ?, ?, ?, ?)");
+        SQLite::Statement enter(db, "INSERT INTO EntryList (Entrant, Schedule) VALUES (?, ?)");
+
+        struct Boat {
+            std::int64_t entrant;
+            std::size_t classIndex;
+            double tcf;
+            double skill;  // a steady edge or lag, as a fraction of the course time
+            std::vector<bool> races;
+        };
+        std::vector<Boat> boats;
+        const DateTime ratingDate = MakeDateTime(kYear, 1, 1);
+        for (int b = 0; b < size.boats; ++b) {
+            const std::size_t classIndex = static_cast<std::size_t>(b % size.classes);
+            const auto& fleet = kFleets[classIndex % kFleets.size()];
+            const std::size_t modelIndex =
+                static_cast<std::size_t>(dice.Below(static_cast<int>(fleet.size())));
+            const Model& model = fleet[modelIndex];
+            // Two sister ships rated alike open the first fleet, so the season has a tie.
+            const bool sisterShip = classIndex == 0 && b < size.classes * 2;
+            const double tcf = sisterShip
+                                   ? kFleets[0][0].tcf
+                                   : std::round((model.tcf + dice.Normal() * 0.008) * 1000) / 1000;
+
+            addPerson.bind(1, kFirstNames[dice.Below(static_cast<int>(std::size(kFirstNames)))]);
+            addPerson.bind(2, kLastNames[dice.Below(static_cast<int>(std::size(kLastNames)))]);
+            addPerson.bind(3, dice.Chance(0.8) ? 1 : 0);
+            addPerson.exec();
+            addPerson.reset();
+            const std::int64_t person = db.getLastInsertRowid();
+
+            const int nameIndex = b % static_cast<int>(std::size(kBoatNames));
+            const int generation = b / static_cast<int>(std::size(kBoatNames));
+            std::string name = kBoatNames[nameIndex];
+            if (generation < static_cast<int>(std::size(kRomans)))
+                name += kRomans[generation];
+            else
+                name += " " + std::to_string(generation + 1);
+            const int sailNo = 1000 + b * 7 % 9000 + b / 1286;
+            addBoat.bind(1, name);
+            addBoat.bind(
+                2, sisterShip ? modelIds[0][0] : modelIds[classIndex % kFleets.size()][modelIndex]);
+            addBoat.bind(3, "GBR " + std::to_string(sailNo));
+            addBoat.bind(4, sailNo);
+            addBoat.bind(5, person);
+            addBoat.exec();
+            addBoat.reset();
+            const std::int64_t boat = db.getLastInsertRowid();
+
+            // A few boats are re-rated in mid-season: the old rating expires the day before.
+            const int handicapType = classIndex == 3 ? 2 : 1;
+            const bool rerated = !sisterShip && dice.Chance(0.05) && size.races > 2;
+            const DateTime change = raceDates[raceDates.size() / 2];
+            addHandicap.bind(1, boat);
+            addHandicap.bind(2, handicapType);
+            addHandicap.bind(3, tcf);
+            addHandicap.bind(4, Stored(ratingDate));
+            if (rerated)
+                addHandicap.bind(5, Stored(AddDays(change, -1)));
+            else
+                addHandicap.bind(5);
+            addHandicap.bind(6, Stored(ratingDate));
+            addHandicap.exec();
+            addHandicap.reset();
+            double raceTcf = tcf;
+            if (rerated) {
+                raceTcf = tcf + 0.010;
+                addHandicap.bind(1, boat);
+                addHandicap.bind(2, handicapType);
+                addHandicap.bind(3, raceTcf);
+                addHandicap.bind(4, Stored(change));
+                addHandicap.bind(5);
+                addHandicap.bind(6, Stored(change));
+                addHandicap.exec();
+                addHandicap.reset();
+            }
+
+            // Most boats race the whole series; some only the evenings, the weekends or a few.
+            const int roll = dice.Below(100);
+            const int entrantType = sisterShip  ? 0
+                                    : roll < 70 ? 0
+                                    : roll < 85 ? 3
+                                    : roll < 95 ? 1
+                                                : 2;
+            addEntrant.bind(1, boat);
+            addEntrant.bind(2, classIds[classIndex]);
+            addEntrant.bind(3, entrantType);
+            addEntrant.bind(4, person);
+            addEntrant.bind(5, Stored(AddDays(seasonStart, -dice.Below(30) - 1)));
+            if (dice.Chance(0.05))
+                addEntrant.bind(
+                    6,
+                    std::string(kFirstNames[dice.Below(static_cast<int>(std::size(kFirstNames)))]) +
+                        " & crew");
+            else
+                addEntrant.bind(6);
+            addEntrant.exec();
+            addEntrant.reset();
+            const std::int64_t entrant = db.getLastInsertRowid();
+
+            Boat entry{entrant, classIndex, tcf, dice.Normal() * 0.02, {}};
+            for (std::size_t r = 0; r < raceIds.size(); ++r) {
+                const bool entered = entrantType == 1   ? inSubSeries[r]
+                                     : entrantType == 2 ? dice.Chance(0.3)
+                                                        : true;
+                entry.races.push_back(entered);
+                if (!entered)
+                    continue;
+                enter.bind(1, entrant);
+                enter.bind(2, raceIds[r]);
+                enter.exec();
+                enter.reset();
+            }
+            // The boat races on its new rating after the change.
+            entry.tcf = raceTcf;
+            boats.push_back(std::move(entry));
+        }
+
+        SQLite::Statement addStart(db,
+                                   "INSERT INTO Start (Schedule, Class, StartTime, TopNote, "
+                                   "Footnote) VALUES (?, ?, ?, ?, ?)");
+        SQLite::Statement addResult(
+            db,
+            "INSERT INTO Results (Schedule, Entrant, FinishTime, Status, PenaltyMins, "
+            "PenaltyPercent, PenaltyPoints, Notes) VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
+        for (std::size_t r = 0; r < raceIds.size(); ++r) {
+            const bool evening = inSubSeries[r];
+            const DateTime firstStart = raceDates[r] + std::chrono::hours(evening ? 18 : 11) +
+                                        std::chrono::minutes(evening ? 30 : 0);
+            const double courseSeconds = 4500 + dice.Below(2400);
+            std::vector<DateTime> starts;
+            for (std::size_t c = 0; c < classIds.size(); ++c) {
+                const DateTime start = firstStart + std::chrono::minutes(5 * static_cast<int>(c));
+                starts.push_back(start);
+                addStart.bind(1, raceIds[r]);
+                addStart.bind(2, classIds[c]);
+                addStart.bind(3, Stored(start));
+                if (r == 0 && c == 0)
+                    addStart.bind(4, "Course 3: Start, Bell, Castle, Finish");
+                else
+                    addStart.bind(4);
+                if (r == 0)
+                    addStart.bind(5, "Protests to the race office by 17:00");
+                else
+                    addStart.bind(5);
+                addStart.exec();
+                addStart.reset();
+            }
+            for (std::size_t b = 0; b < boats.size(); ++b) {
+                const Boat& boat = boats[b];
+                if (!boat.races[r])
+                    continue;
+                // The sister ships of the first fleet cross the line together in the first race.
+                const bool tiedPair =
+                    r == 0 && (b == 0 || b == static_cast<std::size_t>(size.classes));
+                const int roll = dice.Below(100);
+                if (roll < 5 && !tiedPair)
+                    continue;  // did not come: the computation records it
+                int status = 9;
+                if (roll < 9 && !tiedPair)
+                    status = 4;
+                else if (roll < 11 && !tiedPair)
+                    status = 5;
+                addResult.bind(1, raceIds[r]);
+                addResult.bind(2, boat.entrant);
+                if (status == 9) {
+                    const double corrected =
+                        tiedPair ? courseSeconds
+                                 : courseSeconds * (1 + boat.skill + dice.Normal() * 0.015);
+                    const long long elapsed = std::llround(corrected / boat.tcf);
+                    addResult.bind(3,
+                                   Stored(starts[boat.classIndex] + std::chrono::seconds(elapsed)));
+                } else {
+                    addResult.bind(3);
+                }
+                addResult.bind(4, status);
+                const int penalty = status == 9 ? dice.Below(100) : 100;
+                addResult.bind(5, penalty < 1 ? 5.0 : 0.0);
+                addResult.bind(6, penalty >= 1 && penalty < 2 ? 20.0 : 0.0);
+                addResult.bind(7, penalty >= 2 && penalty < 3 ? 2.0 : 0.0);
+                if (penalty < 1)
+                    addResult.bind(8, "Late declaration");
+                else if (penalty < 2)
+                    addResult.bind(8, "Scoring penalty, rule 44.3");
+                else if (penalty < 3)
+                    addResult.bind(8, "Discretionary penalty");
+                else
+                    addResult.bind(8);
+                addResult.exec();
+                addResult.reset();
+            }
+        }
+        transaction.commit();
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        return ErrorText({}, "CreateDemoSeason", &pending);
+    }
+    // Each race's times are worked out as the race officer's report that evening would have
+    // done, so that a later race's series standings count every earlier race.
+    const std::string previousDataFile = DataFile;
+    DataFile = path;
+    {
+        clResults results;
+        RowSet problems;
+        RowSet races;
+        Msg = results.GetSchedule(races, 1);
+        for (std::size_t r = 0; Msg.empty() && !races.IsEmpty() && r < races.Rows(); ++r)
+            Msg = results.ComputeResultTimes(static_cast<int>(races(0, r).AsInt()), problems);
+    }
+    DataFile = previousDataFile;
+    return Msg;
+}
+
+}  // namespace tb::cli

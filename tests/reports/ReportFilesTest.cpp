@@ -1,0 +1,323 @@
+// Where reports are written, what goes wrong on the way, the problem report, the style-sheet
+// transform and the output objects.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "app/Globals.h"
+#include "data/Conversions.h"
+#include "reports/ReportFixture.h"
+
+namespace tb {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ReadFile;
+using test::ReportFixture;
+using test::WriteFile;
+
+std::string Crlf(std::initializer_list<std::string> lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\r\n";
+    return text;
+}
+
+// The same action line for all six kinds.
+std::string MenuOf(const std::string& action) {
+    std::string ini;
+    for (const char* section : {"[E]", "[A]", "[C]", "[R]", "[S]", "[B]"})
+        ini += std::string(section) + "\n" + action + "\n";
+    return ini;
+}
+
+std::size_t FilesIn(const std::string& folder) {
+    std::size_t n = 0;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        (void)entry;
+        ++n;
+    }
+    return n;
+}
+
+void WriteScript(const std::string& path, const std::string& body) {
+    WriteFile(path, "#!/bin/sh\n" + body + "\n");
+    ::chmod(path.c_str(), 0755);
+}
+
+constexpr const char* kProgPathSheet = R"(<?xml version="1.0"?>
+<xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+<xsl:output method="html"/>
+<xsl:param name="ProgPath"/>
+<xsl:template match="/"><p><xsl:value-of select="$ProgPath"/>|<xsl:value-of select="/*/@Race"/></p></xsl:template>
+</xsl:stylesheet>
+)";
+
+using ReportFilesTest = ReportFixture;
+
+TEST_F(ReportFilesTest, ReportsAreNamedByRaceDateStartSelectionAndKind) {
+    WriteFile(reports() + "plain.xsl", kProgPathSheet);
+    const std::string elsewhere = folder.path() + "/latest.xml";
+    struct Case {
+        char letter;
+        std::string action;
+        std::string path;
+    };
+    const Case cases[] = {
+        {'R', "x=,,,0,1", yearFolder() + "0622_1000_0R.xml"},
+        {'E', "x=,,,2,1", yearFolder() + "0622__2E.xml"},
+        {'C', "x=plain.xsl,,,1,1", yearFolder() + "0622__1C.htm"},
+        {'S', "x=plain.xsl,,,1,1", yearFolder() + "0622_1000_1S.htm"},
+        {'B', "x=,,club.xml,2,1", yearFolder() + "club.xml"},
+        {'R', "x=,," + elsewhere + ",0,1", elsewhere},
+    };
+    for (const Case& c : cases) {
+        fs::remove_all(yearFolder());
+        UseMenu(MenuOf(c.action));
+        std::string path;
+        EXPECT_EQ(Make(c.letter, path), "") << c.action;
+        EXPECT_EQ(path, c.path);
+        EXPECT_TRUE(fs::is_regular_file(c.path)) << c.path;
+        EXPECT_TRUE(fs::is_directory(yearFolder())) << "the year folder is made in every case";
+    }
+}
+
+TEST_F(ReportFilesTest, MakingAReportAgainOverwritesItsFile) {
+    UseMenu(MenuOf("x=,,,0,1"));
+    std::string first;
+    std::string second;
+    ASSERT_EQ(Make('R', first), "");
+    WriteFile(first, "stale text that is longer than nothing at all");
+    ASSERT_EQ(Make('R', second), "");
+    EXPECT_EQ(first, second);
+    EXPECT_EQ(FilesIn(yearFolder()), 1u);
+    EXPECT_TRUE(ReadFile(second).starts_with("<?xml version=\"1.0\" ?>\r\n<RaceResults "));
+}
+
+TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
+    WriteFile(reports() + "broken.xsl",
+              "<xsl:stylesheet version=\"1.0\" "
+              "xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\">\n"
+              "<xsl:template match=\"/\"><p></xsl:template>\n</xsl:stylesheet>\n");
+    WriteFile(reports() + "page.xsl", "<html><body/></html>\n");
+    const int race3 = season.AddRace("Race 3", "2024-06-29");
+    db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Winter', 1, 1)");
+    db.Exec(
+        "INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (2, 'Frostbite', "
+        "'2024-12-01 00:00:00')");
+    const int classless = static_cast<int>(db.raw().getLastInsertRowid());
+
+    struct Case {
+        std::string action;
+        char letter;
+        int race;
+        std::string message;
+    };
+    const Case cases[] = {
+        {"x=nope.xsl,,,0,1", 'R', race2, "E-File " + reports() + "nope.xsl was not found"},
+        {"x=broken.xsl,,,0,1", 'E', race2,
+         "E-Opening and ending tag mismatch: p line 2 and xsl:template\n"
+         "<xsl:template match=\"/\"><p></xsl:template>"},
+        {"x=page.xsl,,,0,1", 'R', race2,
+         "E-compilation error: file " + reports() +
+             "page.xsl line 1 element html\n"
+             "xsltParseStylesheetProcess : document is not a stylesheet\n"},
+        {"x=,,,0,1", 'E', race3, "I-No entrants were found for this race"},
+        {"x=,,,0,1", 'A', classless, "I-No schedule or class was found for this race"},
+        {"x=,,,0,1", 'R', race3, "I-No results were found for race"},
+    };
+    for (const Case& c : cases) {
+        fs::remove_all(yearFolder());
+        UseMenu(MenuOf(c.action));
+        const int kind = static_cast<int>(std::string(kReportLetters).find(c.letter));
+        std::string path;
+        EXPECT_EQ(results.CreateReport(kind, 0, 1, c.race, path), c.message) << c.action;
+        EXPECT_FALSE(fs::exists(yearFolder()) && FilesIn(yearFolder()) > 0) << c.action;
+    }
+}
+
+TEST_F(ReportFilesTest, AFootnoteThatIsNotMarkupStopsTheTransform) {
+    WriteFile(reports() + "plain.xsl", kProgPathSheet);
+    db.Exec("UPDATE Start SET Footnote = 'Wind < 5 knots' WHERE Footnote IS NOT NULL");
+    UseMenu(MenuOf("x=plain.xsl,,,0,1"));
+    std::string path;
+    const std::string Msg = Make('R', path);
+    EXPECT_TRUE(Msg.starts_with("E-StartTag: invalid element name")) << Msg;
+    EXPECT_TRUE(Msg.ends_with("<ClassFootNote>Wind < 5 knots</ClassFootNote>")) << Msg;
+    EXPECT_FALSE(fs::exists(yearFolder() + "0622_1000_0R.htm"));
+}
+
+TEST_F(ReportFilesTest, AKindOrActionOutsideTheMenuIsARunTimeError) {
+    UseMenu(MenuOf("x=,,,0,1"));
+    std::string path;
+    const std::string outOfRange =
+        "C-Error 9 raised by Tallyboard in CreateReport\rSubscript out of range";
+    EXPECT_EQ(results.CreateReport(6, 0, 1, race2, path), outOfRange);
+    EXPECT_EQ(results.CreateReport(3, 1, 1, race2, path), outOfRange);
+}
+
+TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) {
+    const int visitor = season.AddEntrant("Café € Łódź", class1);
+    db.Exec(
+        "UPDATE Handicap SET Expires = '2024-06-01 00:00:00' WHERE Boat = "
+        "(SELECT Boat FROM Entrant WHERE Id = " +
+        std::to_string(visitor) + ")");
+    season.Enter(visitor, race2);
+    // The output object must not run while there are problems.
+    const std::string recorder = folder.path() + "/recorder";
+    WriteScript(recorder, "touch \"$0.called\"");
+    UseMenu(MenuOf("x=,,,0,1"));
+    std::string path;
+    ASSERT_EQ(Make('R', path), "");
+    EXPECT_EQ(path, yearFolder() + "0622_Problem.htm");
+    const std::string resultsFile = yearFolder() + "0622_1000_0R.xml";
+    EXPECT_TRUE(fs::is_regular_file(resultsFile)) << "the results are written all the same";
+
+    const std::string expected = Crlf({
+        "<HEAD>",
+        R"(<META HTTP-EQUIV="Content-Type" CONTENT="text/html; charset=windows-1252">)",
+        "<TITLE>Summer&nbsp;Race 2</TITLE>",
+        "<STYLE TYPE='text/css'>",
+        "<!--",
+        "BODY, TD, TH {background-color: #F2EFEC;color: #003366;font-family: Verdana, Arial; "
+        "font-size: 10pt; margin: 0pt;padding: 0px} ",
+        "P {font-family:  Arial, Verdana; margin: 0pt; padding: 0px}",
+        ".CHR {color: #003f72; font-family: Arial, Verdana, Sans-Serif;font-size: 10pt; margin: "
+        "0pt; padding: 1pt}",
+        ".CBR {color: #003f72; font-family: Arial, Verdana, Sans-Serif; font-size: 9pt; margin: "
+        "0pt; padding-left: 1pt}",
+        ".CBS {background-color: #F2EFEC; color: #003366; font-size: 10pt; padding: 1pt; "
+        "padding-right: 0pt; padding-top: 2pt}",
+        ".LinkStyleSans {TEXT-ALIGN: center; COLOR: blue; TEXT-DECORATION: none; FONT-WEIGHT: "
+        "bold}",
+        ".vsmall {FONT-SIZE: 6pt; PADDING: 0pt; MARGIN: 0px; COLOR: #f2efec}",
+        ".ClassCell {PADDING-RIGHT: 0pt; PADDING-LEFT: 1pt; PADDING-BOTTOM: 0pt; PADDING-TOP: 0pt; "
+        "MARGIN: 0pt; FONT-FAMILY: Arial, Verdana; FONT-SIZE: 10pt}",
+        "SELECT {FONT-SIZE: 10pt}",
+        "#idr {TEXT-ALIGN: right} #idl {TEXT-ALIGN: left} #idf {TEXT-ALIGN: justify} #idc "
+        "{TEXT-ALIGN: center}",
+        "--></STYLE>",
+        "</HEAD>",
+        "<BODY><P CLASS=CBS ID=idc>&nbsp;</P>",
+        "<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>",
+        "<P>Caf\xE9 \x80 &#321;\xF3"
+        "d&#378; has 0 active Club handicaps on 22/06/2024</P>",
+        "<P>&nbsp;</P><P><A HREF='" + resultsFile + "'>View results</A></P></DIV></BODY></HTML>",
+        "",
+    });
+    EXPECT_EQ(ReadFile(path), expected);
+
+    UseMenu(MenuOf("x=," + recorder + ",,0,1"));
+    std::string again;
+    ASSERT_EQ(Make('R', again), "");
+    EXPECT_EQ(again, path);
+    EXPECT_FALSE(fs::exists(recorder + ".called"));
+}
+
+TEST_F(ReportFilesTest, ProblemLinesNameEachBoatsTrouble) {
+    RowSet classRows(16, 1);
+    classRows(3, 0) = Value("Summer");
+    classRows(5, 0) = Value("Race 2");
+    RowSet problems;
+    const DateTime day = MakeDateTime(2024, 6, 22);
+    problems.AddRow({Value(7), Value("Aurora"), Value(2), Value("Club"), Value(day), Value(1)});
+    problems.AddRow({Value(8), Value("Bella"), Value(1), Value("Club"), Value(day), Value(0)});
+    problems.AddRow({Value(9), Value("Curlew"), Value(1), Value("Club"), Value(day), Value(0)});
+    std::string html;
+    ASSERT_EQ(
+        results.ReportProblemsHTML("/reports/2024/0622_1000_0R.htm", classRows, problems, html),
+        "");
+    EXPECT_NE(html.find("<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>\r\n"
+                        "<P>Aurora has 2 active Club handicaps on 22/06/2024</P>\r\n"
+                        "<P>Bella is not entered in a specific class</P>"
+                        "<P>Curlew is not entered in a specific class</P>"
+                        "<P>&nbsp;</P><P><A HREF='/reports/2024/0622_1000_0R.htm'>View "
+                        "results</A></P></DIV></BODY></HTML>\r\n"),
+              std::string::npos)
+        << html;
+}
+
+TEST_F(ReportFilesTest, TheShippedSheetShowsEveryBoatAndTheFootnoteMarkup) {
+    fs::copy(ProgramFolder() + "/Reports", reports(),
+             fs::copy_options::overwrite_existing | fs::copy_options::recursive);
+    WriteFile(reports() + "plain.xsl", kProgPathSheet);
+    UseMenu(MenuOf("x=results.xsl,,,2,1"));
+    std::string path;
+    ASSERT_EQ(Make('B', path), "");
+    const std::string html = ReadFile(path);
+    EXPECT_TRUE(html.starts_with("<!DOCTYPE html")) << html.substr(0, 80);
+    for (const char* shown : {"Fish &amp; Chips", "Gull", "Tern", "Cat &lt;One&gt;", "Cat Two",
+                              "Lonely", "See <b>notice</b>", "DNF +5min Hit mark",
+                              "Jo \"Skip\" O'Hara", "Riverside &amp; District \"SC\""})
+        EXPECT_NE(html.find(shown), std::string::npos) << shown;
+
+    // The style sheet is told where the program is.
+    UseMenu(MenuOf("x=plain.xsl,,,2,1"));
+    ASSERT_EQ(Make('B', path), "");
+    EXPECT_EQ(ReadFile(path), "<p>" + ProgramFolder() + "/|Race 2</p>\n\r\n");
+}
+
+class OutputObjectTest : public ReportFixture {
+protected:
+    OutputObjectTest() { WriteFile(reports() + "plain.xsl", kProgPathSheet); }
+    ~OutputObjectTest() override { SetProgramFolder(""); }
+};
+
+TEST_F(OutputObjectTest, ReceivesTheFileNameTheHtmlAndTheXml) {
+    const std::string recorder = folder.path() + "/recorder";
+    WriteScript(recorder,
+                "printf '%s' \"$1\" > \"$0.name\"; cp \"$2\" \"$0.html\"; cp \"$3\" \"$0.xml\"");
+    UseMenu(MenuOf("x=plain.xsl," + recorder + ",club.htm,0,1"));
+    std::string path;
+    ASSERT_EQ(Make('R', path), "");
+    EXPECT_EQ(path, yearFolder() + "club.htm");
+    EXPECT_FALSE(fs::exists(path)) << "the object, not the report, writes the output";
+    EXPECT_EQ(ReadFile(recorder + ".name"), "club.htm");
+    EXPECT_EQ(ReadFile(recorder + ".html"), "<p>" + ProgramFolder() + "/|Race 2</p>\n");
+    EXPECT_TRUE(
+        ReadFile(recorder + ".xml").starts_with("<?xml version=\"1.0\" ?>\r\n<RaceResults"));
+}
+
+TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
+    const std::string program = folder.path() + "/program";
+    fs::create_directories(program + "/OutputObjects");
+    WriteScript(program + "/OutputObjects/publish", "touch \"$0.called\"");
+    WriteScript(program + "/OutputObjects/refuse", "exit 3");
+    SetProgramFolder(program);
+    struct Case {
+        std::string object;
+        std::string message;
+    };
+    const Case cases[] = {
+        {"publish", ""},
+        {"refuse", "E-Output object refuse process failed"},
+        {"no-such-publisher", "E-Failed to create output object no-such-publisher"},
+    };
+    for (const Case& c : cases) {
+        UseMenu(MenuOf("x=plain.xsl," + c.object + ",,0,1"));
+        std::string path;
+        EXPECT_EQ(Make('S', path), c.message);
+    }
+    EXPECT_TRUE(fs::exists(program + "/OutputObjects/publish.called"));
+}
+
+TEST_F(OutputObjectTest, TheShippedPublisherFillsTheWebFolder) {
+    const std::string web = folder.path() + "/web/results";
+    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
+    fs::copy(ProgramFolder() + "/Reports", reports(),
+             fs::copy_options::overwrite_existing | fs::copy_options::recursive);
+    UseMenu(MenuOf("x=results.xsl,publish-to-web-folder,race.htm,0,0"));
+    std::string path;
+    const std::string Msg = Make('R', path);
+    ::unsetenv("TALLYBOARD_WEB_FOLDER");
+    ASSERT_EQ(Msg, "");
+    EXPECT_NE(ReadFile(web + "/race.htm").find("Fish &amp; Chips"), std::string::npos);
+    EXPECT_TRUE(ReadFile(web + "/race.xml").starts_with("<?xml"));
+    EXPECT_EQ(FilesIn(web), 2u) << "no half-written files are left behind";
+}
+
+}  // namespace
+}  // namespace tb
