@@ -17,23 +17,28 @@ RaceDay::RaceDay() {
     db.Exec(
         "INSERT INTO Schedule (Id, Series, RaceName, RaceDate, InSubSeries) "
         "VALUES (10, 1, 'Race 1', '2005-06-12 00:00:00', 0)");
+    db.Exec("INSERT INTO BoatType (Id, Model) VALUES (1, 'Laser')");
 }
 
 int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
                      int classId, double tcf) {
     const int id = ++boats_;
+    const std::string n = std::to_string(id);
+    db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
+            "')");
     SQLite::Statement boat(db.raw(),
-                           "INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo) VALUES (?,?,?,?)");
+                           "INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) "
+                           "VALUES (?,?,?,?,1,?)");
     boat.bind(1, id);
     boat.bind(2, name);
     boat.bind(3, fullSailNo);
     boat.bind(4, sailNo);
+    boat.bind(5, id);
     boat.exec();
-    const std::string n = std::to_string(id);
     db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES (" + n +
             ", 1, " + std::to_string(tcf) + ", '2000-01-01 00:00:00')");
-    db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType) VALUES (" + n + ", 1, " +
-            n + ", " + std::to_string(classId) + ", 0)");
+    db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType, Entrant) VALUES (" + n +
+            ", 1, " + n + ", " + std::to_string(classId) + ", 0, " + n + ")");
     db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + n + ", 10)");
     return id;
 }
