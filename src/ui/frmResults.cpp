@@ -191,6 +191,14 @@ void frmResults::OpenStartTimes() {
     frmStartTimes window(ResultsDb, SeriesId, RaceId, this);
     window.exec();
     SetHelpFile("Results");
+    // The shown boat's class may have just been started: the offered hour depends on it.
+    if (EntrantId != 0) {
+        RowSet start;
+        const std::string Msg = ResultsDb.GetStartTimeForEntrant(RaceId, EntrantId, start);
+        ShowMessage(Msg);
+        if (Msg.empty())
+            StartTime = start(1, 0);
+    }
 }
 
 void frmResults::ChooseEntry(int index) {
