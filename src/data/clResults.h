@@ -135,8 +135,34 @@ public:
     std::string GetCurrentSchedule(RowSet& Schedule, int SeriesId, int& CurrentSchedule);
 
     // ---- Start times
+    // Creates the missing start of every class of the series for the race (with the default
+    // comment and footnote), then gives the race's starts ordered by class name: Class.Series,
+    // ClassId, RaceId (the Start Id), ClassName, StartTime, Schedule, TopNote, Footnote,
+    // RaceDate. Rows stays untouched when the series has no classes.
+    std::string GetStartTimes(int SeriesId, int RaceId, RowSet& Rows);
+    // One row: class name, start time, race, Start Id; a class without a start time in the race
+    // gives its name, two empty texts and 0; an entrant without a class gives four empty cells.
+    std::string GetStartTimeForEntrant(int RaceId, int EntrantId, RowSet& Row);
+    // StartTime is a date-time or Null (not started); empty texts are stored as Null.
+    std::string PutStartTime(int StartId, const Value& StartTime, const std::string& TopNote,
+                             const std::string& Footnote);
 
     // ---- Result recording
+    // One row of seven columns: Id, FinishTime, Status, PenaltyMins, PenaltyPercent,
+    // PenaltyPoints, Notes; all empty when the entrant has no result in the race.
+    std::string GetResult(int RaceId, int EntrantId, RowSet& Row);
+    // FinishTime is "hhmmss" or empty (no time taken), FinishDate "dd mmm yyyy"; penalties are
+    // numbers as typed, empty for none. Creates the race's result of the entrant or updates it.
+    std::string PutResult(int RaceId, int EntrantId, const std::string& FinishTime,
+                          const std::string& FinishDate, int Status, const std::string& PenaltyMins,
+                          const std::string& PenaltyPercent, const std::string& PenaltyPoints,
+                          const std::string& Notes);
+    // Id, Code, Description ordered by code.
+    std::string GetStatus(RowSet& Rows);
+    // The race's entered boats matching Search: all digits searches the sail number, digits with
+    // letters the full sail number exactly, no digits the start of the boat name. Columns:
+    // Entrant.Id, BoatName, FullSailNo, ClassName. No match leaves one empty cell.
+    std::string GetBoatInRace(int RaceId, const std::string& Search, RowSet& Rows);
 
     // ---- Scoring and discard systems
     // Points values as typed: places 1 to 7, then the values of the DNF/DNS/OCS/RAF,

@@ -1,0 +1,78 @@
+#include "ui/frmSelectBoat.h"
+
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QKeyEvent>
+
+#include "data/Conversions.h"
+#include "ui/EnterKey.h"
+#include "ui/HelpFile.h"
+#include "ui_frmSelectBoat.h"
+
+namespace tb {
+
+namespace {
+
+// Boat name in 31 characters, a blank, the sail number right-aligned in 10, two blanks, class.
+std::string BoatLine(const std::string& boat, const std::string& sailNo, const std::string& cls) {
+    return FormatText(boat, "!" + std::string(31, '@')) + " " +
+           FormatText(sailNo, std::string(10, '@')) + "  " + cls;
+}
+
+}  // namespace
+
+frmSelectBoat::frmSelectBoat(const RowSet& Matches, QComboBox& SelEntry, QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmSelectBoat>()), SelEntry(SelEntry) {
+    ui->setupUi(this);
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    ui->SelBoat->setFont(fixed);
+    ui->lHeadings->setFont(fixed);
+    ui->lHeadings->setText(QString::fromStdString(BoatLine("Boat", "Sail nr", "Class")));
+    ui->lHeadings->setContentsMargins(ui->SelBoat->frameWidth() + 2, 0, 0, 0);
+    ui->SelBoat->setMinimumWidth(QFontMetrics(fixed).horizontalAdvance(QString(64, 'M')));
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmSelectBoat::Confirm);
+    connect(ui->SelBoat, &QListWidget::itemDoubleClicked, this, &frmSelectBoat::Confirm);
+    FillList(Matches);
+}
+
+frmSelectBoat::~frmSelectBoat() = default;
+
+bool frmSelectBoat::event(QEvent* e) {
+    if (e->type() == QEvent::WindowActivate)
+        SetHelpFile("Results");
+    return QDialog::event(e);
+}
+
+void frmSelectBoat::keyPressEvent(QKeyEvent* e) {
+    if (focusWidget() == ui->SelBoat && (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)) {
+        Confirm();
+        return;
+    }
+    if (!IsEnterKey(e))
+        QDialog::keyPressEvent(e);
+}
+
+void frmSelectBoat::FillList(const RowSet& Matches) {
+    ui->SelBoat->clear();
+    for (std::size_t i = 0; !Matches.IsEmpty() && i < Matches.Rows(); ++i) {
+        auto* item = new QListWidgetItem(QString::fromStdString(
+            BoatLine(Matches(1, i).ToText(), Matches(2, i).ToText(), Matches(3, i).ToText())));
+        item->setData(Qt::UserRole, QVariant::fromValue<qlonglong>(Matches(0, i).AsInt()));
+        ui->SelBoat->addItem(item);
+    }
+    ui->SelBoat->setCurrentRow(0);
+    ui->SelBoat->setFocus();
+}
+
+void frmSelectBoat::Confirm() {
+    if (const QListWidgetItem* chosen = ui->SelBoat->currentItem()) {
+        const qlonglong entrant = chosen->data(Qt::UserRole).toLongLong();
+        for (int i = 0; i < SelEntry.count(); ++i) {
+            if (SelEntry.itemData(i, Qt::UserRole).toLongLong() == entrant)
+                SelEntry.setCurrentIndex(i);
+        }
+    }
+    accept();
+}
+
+}  // namespace tb

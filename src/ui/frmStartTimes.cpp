@@ -1,0 +1,155 @@
+#include "ui/frmStartTimes.h"
+
+#include <QKeyEvent>
+
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/clResults.h"
+#include "ui/EnterKey.h"
+#include "ui/HelpFile.h"
+#include "ui/RaceHeadings.h"
+#include "ui_frmStartTimes.h"
+
+namespace tb {
+
+namespace {
+
+// Start columns as GetStartTimes gives them.
+constexpr std::size_t kStartId = 2;
+constexpr std::size_t kClassName = 3;
+constexpr std::size_t kStartTime = 4;
+constexpr std::size_t kTopNote = 6;
+constexpr std::size_t kFootnote = 7;
+constexpr std::size_t kRaceDate = 8;
+
+QString Text(const Value& v) {
+    return QString::fromStdString(v.ToText());
+}
+
+bool IsDigits(const QString& text) {
+    for (QChar c : text) {
+        if (c < '0' || c > '9')
+            return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+frmStartTimes::frmStartTimes(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* parent)
+    : QDialog(parent),
+      ui(std::make_unique<Ui::frmStartTimes>()),
+      ResultsDb(ResultsDb),
+      SeriesId(SeriesId),
+      RaceId(RaceId) {
+    ui->setupUi(this);
+    connect(ui->tTime, &QLineEdit::returnPressed, this, [this] { ui->cmdOK->setFocus(); });
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmStartTimes::Save);
+    connect(ui->cmdCopy, &QPushButton::clicked, this, &frmStartTimes::Copy);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    ShowHeadings();
+    ReadStarts();
+    ShowClass();
+}
+
+frmStartTimes::~frmStartTimes() = default;
+
+bool frmStartTimes::event(QEvent* e) {
+    if (e->type() == QEvent::WindowActivate)
+        SetHelpFile("Results");
+    return QDialog::event(e);
+}
+
+void frmStartTimes::keyPressEvent(QKeyEvent* e) {
+    if (!IsEnterKey(e))
+        QDialog::keyPressEvent(e);
+}
+
+void frmStartTimes::ShowHeadings() {
+    ShowRaceHeadings(ResultsDb, SeriesId, RaceId, *ui->lSeries, *ui->lRace);
+}
+
+void frmStartTimes::ReadStarts() {
+    Starts.Clear();
+    ClassIndex = 0;
+    ShowMessage(ResultsDb.GetStartTimes(SeriesId, RaceId, Starts));
+    const bool anyClass = !Starts.IsEmpty();
+    ui->cmdOK->setEnabled(anyClass);
+    if (!anyClass)
+        ui->lInfo->setText(tr("This series has no classes to start."));
+}
+
+void frmStartTimes::ShowClass() {
+    if (Starts.IsEmpty())
+        return;
+    ui->lClass->setText(Text(Starts(kClassName, ClassIndex)));
+    ui->tComment->setText(Text(Starts(kTopNote, ClassIndex)));
+    ui->tFootnote->setText(Text(Starts(kFootnote, ClassIndex)));
+    const Value& start = Starts(kStartTime, ClassIndex);
+    if (start.IsNull()) {
+        ui->tTime->clear();
+        ui->tDate->setText(
+            QString::fromStdString(Format(Starts(kRaceDate, ClassIndex), "dd/mm/yyyy")));
+    } else {
+        ui->tTime->setText(QString::fromStdString(Format(start, "hhmm")));
+        ui->tDate->setText(QString::fromStdString(Format(start, "dd/mm/yyyy")));
+    }
+    ui->tTime->setFocus();
+    ui->tTime->selectAll();
+}
+
+void frmStartTimes::Save() {
+    if (Starts.IsEmpty())
+        return;
+    for (QLineEdit* field : {ui->tTime, ui->tDate, ui->tComment, ui->tFootnote})
+        field->setText(field->text().trimmed());
+    ui->tTime->setFocus();
+
+    const QString time = ui->tTime->text();
+    Value startTime;
+    if (!time.isEmpty()) {
+        if (time.size() != 4 || !IsDigits(time) || time.left(2).toInt() >= 24 ||
+            time.right(2).toInt() >= 60) {
+            ShowMessage("E-Please enter a valid start time");
+            return;
+        }
+        const auto start = ParseTypedDate(
+            (ui->tDate->text() + " " + time.left(2) + ":" + time.right(2)).toStdString());
+        if (!start) {
+            ShowMessage("E-Please enter a valid start date");
+            ui->tDate->setFocus();
+            return;
+        }
+        startTime = Value(*start);
+    }
+
+    const int startId = static_cast<int>(Starts(kStartId, ClassIndex).AsInt());
+    const std::string Msg =
+        ResultsDb.PutStartTime(startId, startTime, ui->tComment->text().toStdString(),
+                               ui->tFootnote->text().toStdString());
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    ui->lInfo->setText(tr("Start saved for %1").arg(ui->lClass->text()));
+    if (!ui->tComment->text().isEmpty())
+        LastComment = ui->tComment->text();
+    if (!ui->tFootnote->text().isEmpty())
+        LastFootnote = ui->tFootnote->text();
+    ui->cmdCopy->setEnabled(!LastComment.isEmpty() || !LastFootnote.isEmpty());
+
+    if (ClassIndex + 1 >= Starts.Rows()) {
+        ReadStarts();
+    } else {
+        ++ClassIndex;
+    }
+    ShowClass();
+}
+
+void frmStartTimes::Copy() {
+    ui->tComment->setText(LastComment);
+    ui->tFootnote->setText(LastFootnote);
+}
+
+}  // namespace tb

@@ -1,0 +1,76 @@
+#include "support/RaceDay.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+namespace tb::test {
+
+RaceDay::RaceDay() {
+    db.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
+    db.Exec(
+        "INSERT INTO Series (Id, Title, SubseriesTitle, Scoring, Discards) "
+        "VALUES (1, 'Summer Series', 'Evenings', 1, 1)");
+    db.Exec(
+        "INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES "
+        "(1, 1, 'Class 1', 1), (2, 1, 'Class 2', 1)");
+    db.Exec(
+        "INSERT INTO Schedule (Id, Series, RaceName, RaceDate, InSubSeries) "
+        "VALUES (10, 1, 'Race 1', '2005-06-12 00:00:00', 0)");
+    db.Exec("INSERT INTO BoatType (Id, Model) VALUES (1, 'Laser')");
+}
+
+int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
+                     int classId, double tcf) {
+    const int id = ++boats_;
+    const std::string n = std::to_string(id);
+    db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
+            "')");
+    SQLite::Statement boat(db.raw(),
+                           "INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) "
+                           "VALUES (?,?,?,?,1,?)");
+    boat.bind(1, id);
+    boat.bind(2, name);
+    boat.bind(3, fullSailNo);
+    boat.bind(4, sailNo);
+    boat.bind(5, id);
+    boat.exec();
+    db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES (" + n +
+            ", 1, " + std::to_string(tcf) + ", '2000-01-01 00:00:00')");
+    db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType, Entrant) VALUES (" + n +
+            ", 1, " + n + ", " + std::to_string(classId) + ", 0, " + n + ")");
+    db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + n + ", 10)");
+    return id;
+}
+
+void RaceDay::Start(int classId, const std::string& hhmm) {
+    const std::string time = "'2005-06-12 " + hhmm.substr(0, 2) + ":" + hhmm.substr(2, 2) + ":00'";
+    const std::string cls = std::to_string(classId);
+    if (db.Count("Start", "Schedule=10 AND Class=" + cls) == 0) {
+        db.Exec("INSERT INTO Start (Schedule, Class, StartTime) VALUES (10, " + cls + ", " + time +
+                ")");
+    } else {
+        db.Exec("UPDATE Start SET StartTime=" + time + " WHERE Schedule=10 AND Class=" + cls);
+    }
+}
+
+void OnNextModal(std::function<void(QDialog&)> handle) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, handle] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        timer->stop();
+        timer->deleteLater();
+        handle(*dialog);
+    });
+    timer->start(10);
+}
+
+void Screenshot(QWidget& window, const QString& name) {
+    const QString folder = qEnvironmentVariable("TALLYBOARD_SCREENSHOTS");
+    if (!folder.isEmpty())
+        window.grab().save(folder + "/" + name + ".png");
+}
+
+}  // namespace tb::test
