@@ -44,8 +44,11 @@ public:
 
     // ---- Boats, models and handicaps
     std::string GetBoatDetails(int Id, RowSet& Detail);
+    std::string GetBoats(RowSet& Boats);
+    std::string GetHandicapTypes(RowSet& Types);
 
     // ---- People
+    std::string GetPeople(RowSet& People);
 
     // ---- Series and class splits
     std::string GetSeriesDetails(int SeriesId, RowSet& Rows);
@@ -94,6 +97,8 @@ public:
     // ---- Result recording
 
     // ---- Scoring and discard systems
+    std::string GetScoring(RowSet& Systems);
+    std::string GetDiscards(RowSet& Systems);
 
     // ---- Elapsed and corrected times
     std::string ComputeResultTimes(int RaceId, RowSet& Problems);
