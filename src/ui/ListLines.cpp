@@ -1,5 +1,9 @@
 #include "ui/ListLines.h"
 
+#include <QLabel>
+#include <QListWidget>
+#include <QStyle>
+
 #include "data/Conversions.h"
 
 namespace tb {
@@ -48,6 +52,19 @@ QString EntryRaceColumnsHeader() {
 
 QString HandicapText(const Value& tcf) {
     return tcf.IsText() ? Text(tcf.ToText()) : Text(Format(tcf, "0.000"));
+}
+
+}  // namespace tb
+
+namespace tb {
+
+void AlignHeading(QLabel* heading, const QListWidget* list, bool checkable) {
+    const QStyle* style = list->style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, list) + 1;
+    int indent = list->frameWidth() + margin;
+    if (checkable)
+        indent += style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, list);
+    heading->setIndent(indent);
 }
 
 }  // namespace tb

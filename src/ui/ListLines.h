@@ -5,6 +5,9 @@
 
 #include "data/Value.h"
 
+class QLabel;
+class QListWidget;
+
 namespace tb {
 
 // The padded one-line rows of the series and entry editors' lists, shown in a fixed-pitch font so
@@ -29,5 +32,9 @@ QString EntryRaceLine(const Value& raceDate, bool inSubSeries, const std::string
                       const QString& handicaps);
 QString EntryRaceColumnsHeader();
 QString HandicapText(const Value& tcf);
+
+// Indents a column heading so that its text starts where the list's line texts start (after the
+// frame, the item margin and, for a check list, the tick box).
+void AlignHeading(QLabel* heading, const QListWidget* list, bool checkable);
 
 }  // namespace tb

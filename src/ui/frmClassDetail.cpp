@@ -15,6 +15,8 @@ frmClassDetail::frmClassDetail(frmSeries& seriesWindow)
       ui(std::make_unique<Ui::frmClassDetail>()),
       SeriesWindow(seriesWindow) {
     ui->setupUi(this);
+    // Room for a long name without scrolling.
+    ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
     ui->SelHandicap->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmClassDetail::OK);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -44,6 +44,7 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
                                                       ui->listSchedule, ui->lRaceColumns})
         w->setFont(fixed);
     ui->lRaceColumns->setText(EntryRaceColumnsHeader());
+    AlignHeading(ui->lRaceColumns, ui->listSchedule, true);
     const QFontMetrics metrics(fixed);
     ui->listSchedule->setMinimumWidth(metrics.horizontalAdvance(QString(52, QChar('M'))));
     ui->SelEntry->setMinimumWidth(metrics.horizontalAdvance(QString(48, QChar('M'))));

@@ -13,6 +13,8 @@ frmRaceDetail::frmRaceDetail(frmSeries& seriesWindow)
       ui(std::make_unique<Ui::frmRaceDetail>()),
       SeriesWindow(seriesWindow) {
     ui->setupUi(this);
+    // Room for a long name without scrolling.
+    ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmRaceDetail::OK);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     Load();

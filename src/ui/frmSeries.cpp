@@ -42,6 +42,8 @@ frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
         w->setFont(fixed);
     ui->lScheduleColumns->setText(RaceColumnsHeader());
     ui->lClassColumns->setText(ClassColumnsHeader());
+    AlignHeading(ui->lScheduleColumns, ui->listSchedule, false);
+    AlignHeading(ui->lClassColumns, ui->listClassSplits, false);
     const int lineWidth = QFontMetrics(fixed).horizontalAdvance(QString(60, QChar('M')));
     ui->listSchedule->setMinimumWidth(lineWidth);
     ui->listClassSplits->setMinimumWidth(lineWidth);
