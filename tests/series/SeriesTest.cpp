@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "SeriesFixture.h"
+#include "app/Globals.h"
+#include "support/RecordingMessages.h"
 
 namespace tb {
 namespace {
@@ -164,6 +166,27 @@ TEST_F(SeriesTest, AClassWithAnEntrantIsKeptUntilTheEntrantIsRemoved) {
     EXPECT_EQ(results.RemoveClass(classId), "");
     EXPECT_EQ(db.Count("Class"), 0);
     EXPECT_FALSE(Stamped());
+}
+
+TEST_F(SeriesTest, OnlyTheRemovalsShowAMissingDatabaseThemselves) {
+    test::RecordingMessages messages;
+    DataFile = db.folder() + "/gone.db";
+    RowSet rows;
+    int id = 0;
+    const std::vector<std::pair<std::string, bool>> outcomes = {
+        {results.GetClassSplits(rows, 1), false},
+        {results.PutSeriesDetails(id, "Summer", "", 1, "1"), false},
+        {results.RemoveClass(1), false},
+        {results.RemoveSeries(1), true},
+        {results.RemoveEntrant(1), true},
+    };
+    std::size_t shown = 0;
+    for (const auto& [Msg, showsItself] : outcomes) {
+        EXPECT_NE(Msg.find(" in ConnectDb"), std::string::npos) << Msg;
+        if (showsItself)
+            ++shown;
+    }
+    EXPECT_EQ(messages.shown.size(), shown);
 }
 
 }  // namespace

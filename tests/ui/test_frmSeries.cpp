@@ -296,7 +296,7 @@ void TestSeriesEditor::editingARaceShowsItAndSavesItInPlace() {
         Find<QCheckBox>(race, "cSubseries")->setChecked(false);
         Type(race, "tRaceId", "");
         Type(race, "tDate", "2/7/02");
-        Click(race, "cmdOK");
+        QTest::keyClick(Find<QLineEdit>(race, "tDate"), Qt::Key_Return);  // Enter confirms
     });
     Click(&window, "cmdEditSchedule");
     QCOMPARE(club.db.Count("Schedule"), 2LL);
