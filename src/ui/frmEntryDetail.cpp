@@ -284,7 +284,10 @@ void frmEntryDetail::EntrantTypeChosen(int type) {
 
 void frmEntryDetail::OK() {
     std::string Msg;
-    if (ui->SelEntrant->currentIndex() < 0) {
+    // Without a boat there is nothing to enter (the entered-only list may be empty).
+    if (BoatId <= 0) {
+        Msg = "I-No boat is selected";
+    } else if (ui->SelEntrant->currentIndex() < 0) {
         Msg = "E-Please specify the entrant name";
         ui->SelEntrant->setFocus();
     } else if (!IsValidDate(ui->tEntryDate->text().toStdString())) {

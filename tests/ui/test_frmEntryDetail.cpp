@@ -272,6 +272,10 @@ void TestEntryEditor::removalAsksTheLongerQuestionWhenThereAreResults() {
     QCOMPARE(Find<QComboBox>(&window, "SelEntry")->count(), 0);
     Click(&window, "cmdRemove");
     QCOMPARE(LastShown(club.messages), QString("No boat is selected"));
+    Type(&window, "tDisplay", "Nobody's boat");
+    Click(&window, "cmdOK");
+    QCOMPARE(LastShown(club.messages), QString("No boat is selected"));
+    QCOMPARE(club.db.Count("Entrant"), 0LL);
 
     Click(&window, "RShow_2");
     SelectBoat(&window, kKestrel);
