@@ -1,0 +1,90 @@
+#include "ui/frmClassDetail.h"
+
+#include <QFontDatabase>
+
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/clResults.h"
+#include "ui/frmSeries.h"
+#include "ui_frmClassDetail.h"
+
+namespace tb {
+
+frmClassDetail::frmClassDetail(frmSeries& seriesWindow)
+    : QDialog(&seriesWindow),
+      ui(std::make_unique<Ui::frmClassDetail>()),
+      SeriesWindow(seriesWindow) {
+    ui->setupUi(this);
+    // Room for a long name without scrolling.
+    ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
+    ui->SelHandicap->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmClassDetail::OK);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    Load();
+}
+
+frmClassDetail::~frmClassDetail() = default;
+
+// Messages of the load are not shown; a new class starts with minimum TCF 0.000 and no handicap
+// type.
+void frmClassDetail::Load() {
+    clResults& ResultsDb = SeriesWindow.ResultsDb();
+    RowSet series;
+    std::string Msg = ResultsDb.GetSeriesDetails(SeriesWindow.SeriesId(), series);
+    if (Msg.empty()) {
+        ui->lSeries->setText(QString::fromStdString(series(0, 0).ToText()));
+        ClassId = SeriesWindow.EditId();
+    }
+    ui->tValue->setText("0.000");
+    int handicapType = 0;
+    if (ClassId >= 1 && Msg.empty()) {
+        RowSet detail;
+        Msg = ResultsDb.GetClassDetails(ClassId, detail);
+        if (Msg.empty() && !detail.IsEmpty()) {
+            handicapType = static_cast<int>(detail(0, 0).AsInt());
+            ui->tTitle->setText(QString::fromStdString(detail(1, 0).ToText()));
+            ui->tValue->setText(QString::fromStdString(detail(2, 0).ToText()));
+        }
+    }
+    ui->SelHandicap->clear();
+    if (Msg.empty()) {
+        RowSet types;
+        Msg = ResultsDb.GetHandicapTypes(types);
+        for (std::size_t r = 0; Msg.empty() && !types.IsEmpty() && r < types.Rows(); ++r) {
+            ui->SelHandicap->addItem(QString::fromStdString(types(1, r).ToText()),
+                                     static_cast<int>(types(0, r).AsInt()));
+        }
+    }
+    ui->SelHandicap->setCurrentIndex(ui->SelHandicap->findData(handicapType));
+}
+
+void frmClassDetail::OK() {
+    ui->tTitle->setText(ui->tTitle->text().trimmed());
+    ui->tValue->setText(ui->tValue->text().trimmed());
+    const std::string minTcf = ui->tValue->text().toStdString();
+    std::string Msg;
+    if (ui->tTitle->text().isEmpty()) {
+        Msg = "E-Please specify the name of this class";
+        ui->tTitle->setFocus();
+    } else if (ui->SelHandicap->currentIndex() < 0) {
+        Msg = "E-Please specify the handicap type for this class";
+        ui->SelHandicap->setFocus();
+    } else if (!minTcf.empty() && !IsNumeric(minTcf)) {
+        Msg = "E-Please enter a valid number for the mimumum TCF or leave blank";
+        ui->tValue->setFocus();
+    }
+    if (Msg.empty()) {
+        Msg = SeriesWindow.ResultsDb().PutClassDetails(
+            ClassId, SeriesWindow.SeriesId(), ui->tTitle->text().toStdString(), minTcf,
+            static_cast<short>(ui->SelHandicap->currentData().toInt()));
+    }
+    if (Msg.empty())
+        Msg = SeriesWindow.ShowClassSplits();
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    accept();
+}
+
+}  // namespace tb

@@ -1,0 +1,70 @@
+#include "ui/frmRaceDetail.h"
+
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/clResults.h"
+#include "ui/frmSeries.h"
+#include "ui_frmRaceDetail.h"
+
+namespace tb {
+
+frmRaceDetail::frmRaceDetail(frmSeries& seriesWindow)
+    : QDialog(&seriesWindow),
+      ui(std::make_unique<Ui::frmRaceDetail>()),
+      SeriesWindow(seriesWindow) {
+    ui->setupUi(this);
+    // Room for a long name without scrolling.
+    ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmRaceDetail::OK);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    Load();
+}
+
+frmRaceDetail::~frmRaceDetail() = default;
+
+// Messages of the load are not shown: a race that cannot be read starts empty.
+void frmRaceDetail::Load() {
+    clResults& ResultsDb = SeriesWindow.ResultsDb();
+    RowSet series;
+    if (!ResultsDb.GetSeriesDetails(SeriesWindow.SeriesId(), series).empty())
+        return;
+    ui->lSeries->setText(QString::fromStdString(series(0, 0).ToText()));
+    RaceId = SeriesWindow.EditId();
+    if (RaceId < 1)
+        return;
+    RowSet race;
+    if (!ResultsDb.GetRaceDetails(RaceId, race).empty() || race.IsEmpty())
+        return;
+    ui->tTitle->setText(QString::fromStdString(race(0, 0).ToText()));
+    ui->tDate->setText(QString::fromStdString(Format(race(1, 0), "dd/mm/yyyy")));
+    ui->cSubseries->setChecked(race(2, 0).AsBool());
+    ui->tRaceId->setText(QString::fromStdString(race(3, 0).ToText()));
+}
+
+void frmRaceDetail::OK() {
+    ui->tTitle->setText(ui->tTitle->text().trimmed());
+    ui->tRaceId->setText(ui->tRaceId->text().trimmed());
+    std::string Msg;
+    if (ui->tTitle->text().isEmpty()) {
+        Msg = "E-Please specify the name of the race";
+        ui->tTitle->setFocus();
+    } else if (!IsValidDate(ui->tDate->text().toStdString())) {
+        Msg = "E-Please specify a valid date for the race";
+        ui->tDate->setFocus();
+    }
+    if (Msg.empty()) {
+        Msg = SeriesWindow.ResultsDb().PutScheduleDetails(
+            RaceId, SeriesWindow.SeriesId(), ui->tTitle->text().toStdString(),
+            ui->tDate->text().toStdString(), ui->cSubseries->isChecked(),
+            ui->tRaceId->text().toStdString());
+    }
+    if (Msg.empty())
+        Msg = SeriesWindow.ShowSchedule();
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    accept();
+}
+
+}  // namespace tb

@@ -1,0 +1,329 @@
+#include "ui/frmSeries.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QListWidget>
+#include <QSignalBlocker>
+
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/clResults.h"
+#include "ui/HelpFile.h"
+#include "ui/ListLines.h"
+#include "ui/frmClassDetail.h"
+#include "ui/frmRaceDetail.h"
+#include "ui_frmSeries.h"
+
+namespace tb {
+
+namespace {
+
+// The race name starts after the date (8) and the sub-series mark (3).
+constexpr int kRaceNameStart = 11;
+constexpr int kClassNameWidth = 31;
+
+std::string Trimmed(const QString& text) {
+    return text.trimmed().toStdString();
+}
+
+}  // namespace
+
+frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
+    : QDialog(parent),
+      ui(std::make_unique<Ui::frmSeries>()),
+      ResultsDb_(resultsDb),
+      SeriesId_(seriesId) {
+    ui->setupUi(this);
+    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    for (QWidget* w :
+         {static_cast<QWidget*>(ui->listSchedule), static_cast<QWidget*>(ui->listClassSplits),
+          static_cast<QWidget*>(ui->lScheduleColumns), static_cast<QWidget*>(ui->lClassColumns)})
+        w->setFont(fixed);
+    ui->lScheduleColumns->setText(RaceColumnsHeader());
+    ui->lClassColumns->setText(ClassColumnsHeader());
+    AlignHeading(ui->lScheduleColumns, ui->listSchedule, false);
+    AlignHeading(ui->lClassColumns, ui->listClassSplits, false);
+    const int lineWidth = QFontMetrics(fixed).horizontalAdvance(QString(60, QChar('M')));
+    ui->listSchedule->setMinimumWidth(lineWidth);
+    ui->listClassSplits->setMinimumWidth(lineWidth);
+
+    connect(ui->tName, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
+    connect(ui->tSubName, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
+    for (QComboBox* list : {ui->SelScoring, ui->SelDiscards}) {
+        connect(list, &QComboBox::currentIndexChanged, this, [this] {
+            if (!filling_)
+                SetChanged(true);
+        });
+    }
+    ui->listSchedule->installEventFilter(this);
+
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmSeries::OK);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmSeries::Cancel);
+    connect(ui->cmdAddSeries, &QPushButton::clicked, this, &frmSeries::AddSeries);
+    connect(ui->cmdRemoveSeries, &QPushButton::clicked, this, &frmSeries::RemoveSeries);
+    connect(ui->cmdAddSchedule, &QPushButton::clicked, this, &frmSeries::AddRace);
+    connect(ui->cmdEditSchedule, &QPushButton::clicked, this, &frmSeries::EditRace);
+    connect(ui->cmdRemove, &QPushButton::clicked, this, &frmSeries::RemoveRace);
+    connect(ui->cmdAddClassSplit, &QPushButton::clicked, this, &frmSeries::AddClass);
+    connect(ui->cEditClassSplit, &QPushButton::clicked, this, &frmSeries::EditClass);
+    connect(ui->cmdRemoveClass, &QPushButton::clicked, this, &frmSeries::RemoveClass);
+    connect(ui->listSchedule, &QListWidget::itemDoubleClicked, this, &frmSeries::EditRace);
+    connect(ui->listClassSplits, &QListWidget::itemDoubleClicked, this, &frmSeries::EditClass);
+
+    ShowDetails();
+}
+
+frmSeries::~frmSeries() = default;
+
+void frmSeries::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        SetHelpFile("Series");
+    QDialog::changeEvent(event);
+}
+
+bool frmSeries::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui->listSchedule && event->type() == QEvent::FocusOut)
+        ui->lInfo->clear();
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmSeries::SetChanged(bool changed) {
+    Changed_ = changed;
+    ui->cmdOK->setEnabled(changed);
+    ui->cmdAddSeries->setEnabled(!changed);
+}
+
+void frmSeries::ShowDetails() {
+    std::string Msg;
+    try {
+        ui->listSchedule->clear();
+        ui->listClassSplits->clear();
+        if (SeriesId_ > 0) {
+            RowSet rows;
+            Msg = ResultsDb_.GetSeriesDetails(SeriesId_, rows);
+            if (Msg.empty()) {
+                ui->tName->setText(QString::fromStdString(rows(0, 0).ToText()));
+                ui->tSubName->setText(QString::fromStdString(rows(1, 0).ToText()));
+                Scoring_ = static_cast<int>(rows(2, 0).AsInt());
+                Discards_ = static_cast<int>(rows(3, 0).AsInt());
+            }
+            if (Msg.empty())
+                Msg = ShowSchedule();
+            if (Msg.empty())
+                Msg = ShowClassSplits();
+        }
+        FillSystemList(ui->SelScoring, true, Scoring_, Msg);
+        FillSystemList(ui->SelDiscards, false, Discards_, Msg);
+        SetChanged(false);
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        Msg = ErrorText(Msg, "Series.ShowDetails", &pending);
+    }
+    ShowMessage(Msg);
+}
+
+void frmSeries::FillSystemList(QComboBox* list, bool scoring, int selectedId, std::string& Msg) {
+    filling_ = true;
+    list->clear();
+    if (Msg.empty()) {
+        RowSet rows;
+        Msg = scoring ? ResultsDb_.GetScoring(rows) : ResultsDb_.GetDiscards(rows);
+        for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
+            const int id = static_cast<int>(rows(0, r).AsInt());
+            list->addItem(QString::fromStdString(rows(1, r).ToText()), id);
+            if (id == selectedId)
+                list->setCurrentIndex(list->count() - 1);
+        }
+    }
+    if (list->findData(selectedId) < 0)
+        list->setCurrentIndex(-1);
+    filling_ = false;
+}
+
+std::string frmSeries::ShowSchedule() {
+    ui->listSchedule->clear();
+    RowSet rows;
+    const std::string Msg = ResultsDb_.GetSchedule(rows, SeriesId_);
+    for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
+        auto* item =
+            new QListWidgetItem(ScheduleLine(rows(2, r), rows(3, r).AsBool(), rows(1, r).ToText()));
+        item->setData(Qt::UserRole, static_cast<int>(rows(0, r).AsInt()));
+        ui->listSchedule->addItem(item);
+    }
+    return Msg;
+}
+
+std::string frmSeries::ShowClassSplits() {
+    ui->listClassSplits->clear();
+    RowSet rows;
+    const std::string Msg = ResultsDb_.GetClassSplits(rows, SeriesId_);
+    for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
+        auto* item = new QListWidgetItem(
+            ClassSplitLine(rows(2, r).ToText(), rows(1, r).ToText(), rows(3, r)));
+        item->setData(Qt::UserRole, static_cast<int>(rows(0, r).AsInt()));
+        ui->listClassSplits->addItem(item);
+    }
+    return Msg;
+}
+
+void frmSeries::OK() {
+    ui->tName->setText(QString::fromStdString(Trimmed(ui->tName->text())));
+    ui->tSubName->setText(QString::fromStdString(Trimmed(ui->tSubName->text())));
+    std::string Msg;
+    if (ui->tName->text().isEmpty())
+        Msg = "X-Please enter the series name";
+    if (Msg.empty() && ui->SelScoring->currentIndex() < 0)
+        Msg = "X-Please select a scoring system";
+    if (Msg.empty() && ui->SelDiscards->currentIndex() < 0)
+        Msg = "X-Please select a discard system";
+    if (Msg.empty()) {
+        Msg = ResultsDb_.PutSeriesDetails(SeriesId_, ui->tName->text().toStdString(),
+                                          ui->tSubName->text().toStdString(),
+                                          ui->SelScoring->currentData().toInt(),
+                                          std::to_string(ui->SelDiscards->currentData().toInt()));
+    }
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    ui->lInfo->setText("Series details saved");
+    ui->listSchedule->setFocus();
+    SetChanged(false);
+}
+
+std::optional<bool> frmSeries::AskToSave() {
+    if (!Changed_)
+        return std::nullopt;
+    const bool yes = tb::AskYesNo("Do you want to save the changes?", "Tallyboard");
+    if (yes)
+        OK();
+    SetChanged(false);
+    return yes;
+}
+
+void frmSeries::closeEvent(QCloseEvent* event) {
+    if (AskToSave().has_value() && ui->listSchedule->count() == 0) {
+        ShowMessage("I-There must be at least one race scheduled in the series");
+        event->ignore();
+        return;
+    }
+    QDialog::done(QDialog::Rejected);
+    event->accept();
+}
+
+void frmSeries::reject() {
+    Cancel();
+}
+
+void frmSeries::Cancel() {
+    SetChanged(false);
+    close();
+}
+
+void frmSeries::AddSeries() {
+    SeriesId_ = 0;
+    Scoring_ = 0;
+    Discards_ = 0;
+    ui->tName->clear();
+    ui->tSubName->clear();
+    filling_ = true;
+    ui->SelScoring->setCurrentIndex(-1);
+    ui->SelDiscards->setCurrentIndex(-1);
+    filling_ = false;
+    ui->listSchedule->clear();
+    ui->listClassSplits->clear();
+    ui->tName->setFocus();
+    SetChanged(false);
+}
+
+void frmSeries::RemoveSeries() {
+    std::string Msg;
+    if (SeriesId_ <= 0) {
+        Msg = "I-No series selected";
+    } else if (ui->listSchedule->count() > 0 || ui->listClassSplits->count() > 0) {
+        Msg = "I-Before removing a series, first remove any scheduled races and classes";
+    } else if (tb::AskYesNo("Remove series " + ui->tName->text().toStdString() + "?",
+                            "Tallyboard")) {
+        Msg = ResultsDb_.RemoveSeries(SeriesId_);
+        if (Msg.empty())
+            AddSeries();
+    }
+    ShowMessage(Msg);
+}
+
+void frmSeries::AddRace() {
+    if (SeriesId_ <= 0) {
+        ShowMessage("I-No series selected");
+        return;
+    }
+    EditId_ = 0;
+    frmRaceDetail(*this).exec();
+}
+
+void frmSeries::AddClass() {
+    if (SeriesId_ <= 0) {
+        ShowMessage("I-No series selected");
+        return;
+    }
+    EditId_ = 0;
+    frmClassDetail(*this).exec();
+}
+
+std::string frmSeries::CheckHighlighted(QListWidget* list, const std::string& noneSelected) const {
+    if (SeriesId_ <= 0)
+        return "I-No series selected";
+    if (list->currentItem() == nullptr || !list->currentItem()->isSelected())
+        return noneSelected;
+    return {};
+}
+
+void frmSeries::EditRace() {
+    const std::string Msg = CheckHighlighted(ui->listSchedule, "I-No scheduled race selected");
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    EditId_ = ui->listSchedule->currentItem()->data(Qt::UserRole).toInt();
+    frmRaceDetail(*this).exec();
+}
+
+void frmSeries::EditClass() {
+    const std::string Msg = CheckHighlighted(ui->listClassSplits, "I-No class selected");
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    EditId_ = ui->listClassSplits->currentItem()->data(Qt::UserRole).toInt();
+    frmClassDetail(*this).exec();
+}
+
+void frmSeries::RemoveRace() {
+    std::string Msg = CheckHighlighted(ui->listSchedule, "I-No scheduled race selected");
+    if (Msg.empty()) {
+        const QListWidgetItem* line = ui->listSchedule->currentItem();
+        const std::string name = line->text().mid(kRaceNameStart).toStdString();
+        if (tb::AskYesNo("Remove race: " + name + "?", "Remove race from schedule")) {
+            Msg = ResultsDb_.RemoveSchedule(line->data(Qt::UserRole).toInt());
+            if (Msg.empty())
+                ShowDetails();
+        }
+    }
+    ShowMessage(Msg);
+}
+
+void frmSeries::RemoveClass() {
+    std::string Msg = CheckHighlighted(ui->listClassSplits, "I-No class selected");
+    if (Msg.empty()) {
+        const QListWidgetItem* line = ui->listClassSplits->currentItem();
+        const std::string name = Trimmed(line->text().left(kClassNameWidth));
+        if (tb::AskYesNo("Remove class: " + name + "?", "Remove class from series")) {
+            Msg = ResultsDb_.RemoveClass(line->data(Qt::UserRole).toInt());
+            if (Msg.empty())
+                ShowDetails();
+        }
+    }
+    ShowMessage(Msg);
+}
+
+}  // namespace tb

@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "SeriesFixture.h"
+#include "data/Conversions.h"
+
+namespace tb {
+namespace {
+
+// One series with four races in June 2002, one class of type IRC and one boat owned by
+// Ann O'Hara.
+class EntriesTest : public test::SeriesFixture {
+protected:
+    void SetUp() override {
+        series = AddSeries("Summer");
+        for (int day : {4, 11, 18, 25})
+            races.push_back(AddRace(series, "Race " + std::to_string(day),
+                                    "2002-06-" + std::to_string(day + 100).substr(1)));
+        irc = AddHandicapType("IRC");
+        classId = AddClass(series, "Class 1", irc);
+        owner = AddPerson("Ann", "O'Hara");
+        boat = AddBoat("Kestrel", "GBR 1", owner);
+    }
+
+    std::string Save(std::vector<int> entered, const std::string& name = "") {
+        return results.PutEntryDetails(boat, series, owner, classId, "01/06/02", 0, name, entered);
+    }
+    std::set<long long> EnteredRaces() {
+        std::set<long long> found;
+        SQLite::Statement rows(db.raw(), "SELECT Schedule FROM EntryList");
+        while (rows.executeStep())
+            found.insert(rows.getColumn(0).getInt64());
+        return found;
+    }
+
+    int series = 0;
+    std::vector<int> races;
+    int irc = 0;
+    int classId = 0;
+    int owner = 0;
+    int boat = 0;
+};
+
+TEST_F(EntriesTest, TheRaceListBecomesExactlyThePositiveIdsGiven) {
+    struct Case {
+        const char* name;
+        std::vector<int> before;  // indexes into races
+        std::vector<int> given;   // indexes into races, -1 for a 0 element
+        std::vector<int> after;
+    };
+    const std::vector<Case> cases = {
+        {"keeps one, drops one, adds one", {0, 1}, {0, 2}, {0, 2}},
+        {"an empty list removes every race", {0, 1, 2}, {}, {}},
+        {"zeros are ignored", {0, 1}, {-1, -1}, {}},
+        {"a race given twice is entered once", {}, {3, 3}, {3}},
+        {"the same list changes nothing", {0, 1, 2, 3}, {3, 2, 1, 0}, {0, 1, 2, 3}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        db.Exec("DELETE FROM EntryList");
+        std::vector<int> before;
+        for (int i : c.before)
+            before.push_back(races[i]);
+        ASSERT_EQ(Save(before), "");
+        std::vector<int> given;
+        for (int i : c.given)
+            given.push_back(i < 0 ? 0 : races[i]);
+        ASSERT_EQ(Save(given), "");
+        std::set<long long> expected;
+        for (int i : c.after)
+            expected.insert(races[i]);
+        EXPECT_EQ(EnteredRaces(), expected);
+    }
+    EXPECT_EQ(db.Count("Entrant"), 1);
+}
+
+TEST_F(EntriesTest, RacesThatStayEnteredAreNotRewrittenAndAreZeroedInTheList) {
+    std::vector<int> first = {races[0], races[1]};
+    ASSERT_EQ(Save(first), "");
+    const std::string keptRow =
+        db.Text("SELECT rowid FROM EntryList WHERE Schedule=" + std::to_string(races[0]));
+
+    std::vector<int> second = {races[0], races[2]};
+    ASSERT_EQ(results.PutEntryDetails(boat, series, owner, classId, "01/06/02", 0, "", second), "");
+    EXPECT_EQ(second, (std::vector<int>{0, races[2]}));
+    EXPECT_EQ(db.Text("SELECT rowid FROM EntryList WHERE Schedule=" + std::to_string(races[0])),
+              keptRow);
+}
+
+TEST_F(EntriesTest, SavingAgainUpdatesTheOneEntrantAndBlankNameIsNull) {
+    ASSERT_EQ(Save({races[0]}, "Ann & Bob's boat"), "");
+    EXPECT_EQ(db.Text("SELECT NameOnResults FROM Entrant"), "Ann & Bob's boat");
+    ASSERT_EQ(results.PutEntryDetails(boat, series, owner, classId, "17/06/02", 3, "", races), "");
+    EXPECT_EQ(db.Count("Entrant"), 1);
+    EXPECT_EQ(db.Count("Entrant", "NameOnResults IS NULL AND EntrantType=3"), 1);
+    EXPECT_EQ(db.Text("SELECT EntryDate FROM Entrant"), "2002-06-17 00:00:00");
+    EXPECT_TRUE(Stamped());
+
+    std::vector<int> none;
+    const std::string bad =
+        results.PutEntryDetails(boat, series, owner, classId, "17/13/02", 3, "", none);
+    EXPECT_NE(bad.find(" in PutEntryDetails"), std::string::npos) << bad;
+    EXPECT_EQ(db.Count("EntryList"), 4);
+}
+
+TEST_F(EntriesTest, ABoatNotEnteredShowsItsOwnerAndTodayAndLeavesTheRest) {
+    int person = 0;
+    int cls = 77;
+    std::string date;
+    short type = 2;
+    std::string name = "unchanged";
+    RowSet raceRows;
+    raceRows.AddRow({Value(1), Value("kept")});
+    ASSERT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows), "");
+    EXPECT_EQ(person, owner);
+    EXPECT_EQ(date, FormatDate(Today(), "dd/mm/yy"));
+    EXPECT_EQ(cls, 77);
+    EXPECT_EQ(type, 2);
+    EXPECT_EQ(name, "unchanged");
+    EXPECT_EQ(raceRows(1, 0).ToText(), "kept");
+}
+
+TEST_F(EntriesTest, EachEnteredRaceHasTheTcfInForceOnItsDateOrTheMarker) {
+    const int club = AddHandicapType("Club");
+    AddHandicap(boat, irc, 0.95, "2002-06-10", "2002-06-20");
+    AddHandicap(boat, irc, 0.97, "", "2002-06-05");
+    AddHandicap(boat, club, 1.2, "");  // another type never counts
+    ASSERT_EQ(Save(races, "Kes"), "");
+
+    int person = 0;
+    int cls = 0;
+    std::string date;
+    short type = 9;
+    std::string name;
+    RowSet raceRows;
+    ASSERT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows), "");
+    EXPECT_EQ(cls, classId);
+    EXPECT_EQ(type, 0);
+    EXPECT_EQ(person, owner);
+    EXPECT_EQ(date, "01/06/2002");
+    EXPECT_EQ(name, "Kes");
+
+    std::set<std::string> tcfs;
+    for (std::size_t r = 0; r < raceRows.Rows(); ++r)
+        tcfs.insert(raceRows(0, r).ToText() + "=" + raceRows(1, r).ToText());
+    const std::set<std::string> expected = {
+        std::to_string(races[0]) + "=0.97",
+        std::to_string(races[1]) + "=0.95",
+        std::to_string(races[2]) + "=0.95",
+        std::to_string(races[3]) + "=  **",
+    };
+    EXPECT_EQ(tcfs, expected);
+}
+
+TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
+    RowSet rows;
+    ASSERT_EQ(results.GetEntries(series, rows), "");
+    EXPECT_TRUE(rows.IsEmpty());
+
+    const int second = AddBoat("kestrel", "GBR 0", owner);
+    const int third = AddBoat("Avocet", "GBR 9", owner);
+    for (int b : {boat, second, third}) {
+        std::vector<int> first = {races[0]};
+        ASSERT_EQ(results.PutEntryDetails(b, series, owner, classId, "01/06/02", 0, "", first), "");
+    }
+    ASSERT_EQ(results.GetEntries(series, rows), "");
+    ASSERT_EQ(rows.Rows(), 3u);
+    EXPECT_EQ(rows(0, 0).AsInt(), third);
+    EXPECT_EQ(rows(0, 1).AsInt(), second);
+    EXPECT_EQ(rows(0, 2).AsInt(), boat);
+    EXPECT_EQ(rows(3, 1).ToText(), "GBR 0");
+
+    RowSet forRace;
+    ASSERT_EQ(results.GetEntriesForRace(races[0], forRace), "");
+    EXPECT_EQ(forRace.Rows(), 3u);
+    ASSERT_EQ(results.GetEntriesForRace(races[1], forRace), "");
+    EXPECT_TRUE(forRace.IsEmpty());
+}
+
+TEST_F(EntriesTest, CheckResultsFindsTheEntrantAndWhetherItHasResults) {
+    int boatEntrant = boat;
+    bool hasResults = true;
+    ASSERT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
+    EXPECT_EQ(boatEntrant, 0);
+    EXPECT_TRUE(hasResults) << "left as it was";
+
+    ASSERT_EQ(Save(races), "");
+    const int entrant = static_cast<int>(db.raw().execAndGet("SELECT Id FROM Entrant").getInt());
+    boatEntrant = boat;
+    ASSERT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
+    EXPECT_EQ(boatEntrant, entrant);
+    EXPECT_FALSE(hasResults);
+
+    AddResult(entrant, races[1]);
+    AddResult(entrant, races[2]);
+    boatEntrant = boat;
+    ASSERT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
+    EXPECT_EQ(boatEntrant, entrant);
+    EXPECT_TRUE(hasResults);
+}
+
+TEST_F(EntriesTest, RemovingAnEntrantTakesItsResultsAndRacesAndNothingElse) {
+    const int other = AddBoat("Avocet", "GBR 9", owner);
+    ASSERT_EQ(Save(races), "");
+    std::vector<int> first = {races[0]};
+    ASSERT_EQ(results.PutEntryDetails(other, series, owner, classId, "01/06/02", 0, "", first), "");
+    AddResult(1, races[0]);
+    AddResult(2, races[0]);
+    ForgetModifiedStamp();
+
+    ASSERT_EQ(results.RemoveEntrant(1), "");
+    EXPECT_EQ(db.Count("Entrant"), 1);
+    EXPECT_EQ(db.Count("EntryList"), 1);
+    EXPECT_EQ(db.Count("Results"), 1);
+    EXPECT_EQ(db.Count("Results", "Entrant=2"), 1);
+    EXPECT_FALSE(Stamped());
+}
+
+}  // namespace
+}  // namespace tb

@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "SeriesFixture.h"
+#include "data/Conversions.h"
+
+namespace tb {
+namespace {
+
+using ScheduleTest = test::SeriesFixture;
+
+TEST_F(ScheduleTest, ARaceReadsBackAsSavedWithAnEmptyReferenceAsNull) {
+    const int series = AddSeries("Summer");
+    ASSERT_EQ(results.PutScheduleDetails(0, series, "Race 1 - Bishop's Rock", "18/06/02", true, ""),
+              "");
+    EXPECT_TRUE(Stamped());
+    EXPECT_EQ(db.Count("Schedule", "Reference IS NULL"), 1);
+
+    RowSet rows;
+    ASSERT_EQ(results.GetRaceDetails(1, rows), "");
+    EXPECT_EQ(rows(0, 0).ToText(), "Race 1 - Bishop's Rock");
+    EXPECT_EQ(rows(1, 0).AsDate(), MakeDateTime(2002, 6, 18));
+    EXPECT_TRUE(rows(2, 0).AsBool());
+    EXPECT_TRUE(rows(3, 0).IsNull());
+}
+
+TEST_F(ScheduleTest, NewRacesAreAddedAndAnExistingOneIsUpdatedInPlace) {
+    const int series = AddSeries("Summer");
+    ASSERT_EQ(results.PutScheduleDetails(0, series, "Race 1", "18/06/02", false, ""), "");
+    ASSERT_EQ(results.PutScheduleDetails(0, series, "Race 1", "18/06/02", false, ""), "");
+    EXPECT_EQ(db.Count("Schedule"), 2);
+
+    ASSERT_EQ(results.PutScheduleDetails(2, series, "Race 2", "25 Jun 2002", false, "R-2"), "");
+    EXPECT_EQ(db.Count("Schedule"), 2);
+    EXPECT_EQ(db.Text("SELECT RaceName || '|' || RaceDate || '|' || Reference FROM Schedule "
+                      "WHERE Id=2"),
+              "Race 2|2002-06-25 00:00:00|R-2");
+}
+
+TEST_F(ScheduleTest, ADateThatIsNotADateIsARunTimeErrorAndNothingIsSaved) {
+    const int series = AddSeries("Summer");
+    const std::string Msg = results.PutScheduleDetails(0, series, "Race 1", "31/02/02", false, "");
+    EXPECT_EQ(Msg.rfind("C-Error ", 0), 0u) << Msg;
+    EXPECT_NE(Msg.find(" in PutScheduleDetails"), std::string::npos) << Msg;
+    EXPECT_EQ(db.Count("Schedule"), 0);
+}
+
+TEST_F(ScheduleTest, AMissingRaceLeavesTheRowsAsTheyWere) {
+    RowSet rows;
+    rows.AddRow({Value("kept")});
+    EXPECT_EQ(results.GetRaceDetails(42, rows), "");
+    EXPECT_EQ(rows(0, 0).ToText(), "kept");
+}
+
+TEST_F(ScheduleTest, ARaceWithAnEntryIsKeptUntilTheEntryIsGone) {
+    const int series = AddSeries("Summer");
+    const int race = AddRace(series, "Race 1", "2002-06-18");
+    const int irc = AddHandicapType("IRC");
+    const int owner = AddPerson("Ann", "Hara");
+    const int entrant =
+        AddEntrant(series, AddBoat("Kestrel", "GBR 1", owner), AddClass(series, "C1", irc), owner);
+    Enter(entrant, race);
+    db.Exec("INSERT INTO Start (Schedule, Class) VALUES (" + std::to_string(race) + ", 1)");
+    ForgetModifiedStamp();
+
+    EXPECT_EQ(results.RemoveSchedule(race),
+              "E-It is not possible to remove this scheduled race as there are boats entered in "
+              "it.");
+    EXPECT_EQ(db.Count("Schedule"), 1);
+    EXPECT_EQ(db.Count("EntryList"), 1);
+
+    db.Exec("DELETE FROM EntryList");
+    EXPECT_EQ(results.RemoveSchedule(race), "");
+    EXPECT_EQ(db.Count("Schedule"), 0);
+    EXPECT_EQ(db.Count("Start"), 1);
+    EXPECT_FALSE(Stamped());
+}
+
+}  // namespace
+}  // namespace tb

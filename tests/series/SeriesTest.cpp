@@ -1,0 +1,193 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "SeriesFixture.h"
+#include "app/Globals.h"
+#include "support/RecordingMessages.h"
+
+namespace tb {
+namespace {
+
+using SeriesTest = test::SeriesFixture;
+
+TEST_F(SeriesTest, ANewSeriesGetsItsIdBackSoTheNextSaveUpdatesTheSameRow) {
+    int id = 0;
+    ASSERT_EQ(results.PutSeriesDetails(id, "Summer Evening", "Thursdays", 1, "1"), "");
+    ASSERT_GT(id, 0);
+    EXPECT_TRUE(Stamped());
+
+    const int first = id;
+    ASSERT_EQ(results.PutSeriesDetails(id, "O'Neil's Summer Cup", "", 1, "1"), "");
+    EXPECT_EQ(id, first);
+    EXPECT_EQ(db.Count("Series"), 1);
+
+    RowSet rows;
+    ASSERT_EQ(results.GetSeriesDetails(id, rows), "");
+    EXPECT_EQ(rows(0, 0).ToText(), "O'Neil's Summer Cup");
+    EXPECT_EQ(rows(1, 0).ToText(), "");
+    EXPECT_EQ(rows(2, 0).AsInt(), 1);
+    EXPECT_EQ(rows(3, 0).AsInt(), 1);
+}
+
+TEST_F(SeriesTest, FailuresAreRunTimeErrorsOfTheOperationAndStoreNothing) {
+    RowSet rows;
+    const std::string missing = results.GetSeriesDetails(99, rows);
+    EXPECT_EQ(missing.rfind("C-Error ", 0), 0u) << missing;
+    EXPECT_NE(missing.find(" in GetSeriesDetails"), std::string::npos) << missing;
+    EXPECT_TRUE(rows.IsEmpty());
+
+    int id = 0;
+    const std::string badDiscards = results.PutSeriesDetails(id, "Winter", "", 1, "two");
+    EXPECT_NE(badDiscards.find(" in PutSeriesDetails"), std::string::npos) << badDiscards;
+    EXPECT_EQ(id, 0);
+    EXPECT_EQ(db.Count("Series"), 0);
+
+    const int series = AddSeries("Winter");
+    const std::string badTcf = results.PutClassDetails(0, series, "Class 1", "abc", 1);
+    EXPECT_NE(badTcf.find(" in PutClassDetails"), std::string::npos) << badTcf;
+    EXPECT_EQ(db.Count("Class"), 0);
+}
+
+TEST_F(SeriesTest, RemovingASeriesDeletesOnlyItsRowAndLeavesTheStampAlone) {
+    const int series = AddSeries("Spring");
+    const int race = AddRace(series, "Race 1", "2002-04-06");
+    ForgetModifiedStamp();
+    ASSERT_EQ(results.RemoveSeries(series), "");
+    EXPECT_EQ(db.Count("Series"), 0);
+    EXPECT_EQ(db.Count("Schedule", "Id=" + std::to_string(race)), 1);
+    EXPECT_FALSE(Stamped());
+}
+
+TEST_F(SeriesTest, MinimumTcfIsNullWhenBlankAndANumberOtherwise) {
+    const int series = AddSeries("Spring");
+    const int irc = AddHandicapType("IRC");
+    ASSERT_EQ(results.PutClassDetails(0, series, "Class 1", "", static_cast<short>(irc)), "");
+    ASSERT_EQ(results.PutClassDetails(0, series, "Class 1", "1.05", static_cast<short>(irc)), "");
+    // Two saves of a new class add two rows: the new Id is not handed back.
+    EXPECT_EQ(db.Count("Class"), 2);
+    EXPECT_EQ(db.Count("Class", "MinTCF IS NULL"), 1);
+
+    RowSet rows;
+    ASSERT_EQ(results.GetClassDetails(2, rows), "");
+    EXPECT_EQ(rows(0, 0).AsInt(), irc);
+    EXPECT_EQ(rows(1, 0).ToText(), "Class 1");
+    EXPECT_DOUBLE_EQ(rows(2, 0).AsDouble(), 1.05);
+
+    ASSERT_EQ(results.PutClassDetails(2, series, "Class 1 - IRC", "", static_cast<short>(irc)), "");
+    EXPECT_EQ(db.Count("Class", "MinTCF IS NULL"), 2);
+    EXPECT_EQ(db.Text("SELECT ClassName FROM Class WHERE Id=2"), "Class 1 - IRC");
+
+    RowSet untouched;
+    untouched.AddRow({Value("kept")});
+    ASSERT_EQ(results.GetClassDetails(99, untouched), "");
+    EXPECT_EQ(untouched(0, 0).ToText(), "kept");
+}
+
+TEST_F(SeriesTest, ClassSplitsAreListedByNameTypeAndHighestMinimumFirst) {
+    const int series = AddSeries("Spring");
+    const int other = AddSeries("Autumn");
+    const int irc = AddHandicapType("IRC");
+    const int club = AddHandicapType("Club");
+    struct Split {
+        std::string name;
+        int type;
+        std::string minTcf;
+    };
+    const std::vector<Split> saved = {
+        {"Class 1", irc, "0.950"}, {"Class 1", irc, ""}, {"Class 1", irc, "1.000"},
+        {"Class 1", club, "0.9"},  {"cadets", irc, ""},  {"Zulu's", irc, "1.1"},
+    };
+    for (const Split& split : saved) {
+        ASSERT_EQ(results.PutClassDetails(0, series, split.name, split.minTcf,
+                                          static_cast<short>(split.type)),
+                  "");
+    }
+    ASSERT_EQ(results.PutClassDetails(0, other, "Class 1", "", static_cast<short>(irc)), "");
+    // A class whose handicap type is gone is not listed.
+    ASSERT_EQ(results.PutClassDetails(0, series, "Orphan", "", 77), "");
+
+    RowSet rows;
+    ASSERT_EQ(results.GetClassSplits(rows, series), "");
+    const std::vector<std::string> expected = {
+        "cadets/IRC/",      "Class 1/Club/0.9", "Class 1/IRC/1",
+        "Class 1/IRC/0.95", "Class 1/IRC/",     "Zulu's/IRC/1.1",
+    };
+    ASSERT_EQ(rows.Rows(), expected.size());
+    for (std::size_t r = 0; r < rows.Rows(); ++r) {
+        EXPECT_EQ(rows(2, r).ToText() + "/" + rows(1, r).ToText() + "/" + rows(3, r).ToText(),
+                  expected[r])
+            << "row " << r;
+    }
+}
+
+TEST_F(SeriesTest, ASeriesWithoutClassesAnswersEachListInItsOwnWay) {
+    const int series = AddSeries("Spring");
+    RowSet splits;
+    EXPECT_EQ(results.GetClassSplits(splits, series), "");
+    EXPECT_TRUE(splits.IsEmpty());
+
+    RowSet classes;
+    classes.AddRow({Value("kept")});
+    EXPECT_EQ(results.GetEntryClasses(series, classes), "I-There are no classes in this series");
+    EXPECT_EQ(results.GetEntryClasses(0, classes), "");
+    EXPECT_EQ(classes(0, 0).ToText(), "kept");
+}
+
+TEST_F(SeriesTest, EntryClassesCarryTheFlagAndAreOrderedByName) {
+    const int series = AddSeries("Spring");
+    const int irc = AddHandicapType("IRC");
+    AddClass(series, "Sportsboats", irc);
+    AddClass(series, "Class 1", irc);
+    RowSet rows;
+    ASSERT_EQ(results.GetEntryClasses(series, rows), "");
+    ASSERT_EQ(rows.Rows(), 2u);
+    EXPECT_EQ(rows(1, 0).ToText(), "Class 1");
+    EXPECT_EQ(rows(1, 1).ToText(), "Sportsboats");
+    EXPECT_EQ(rows(2, 0).ToText(), "C");
+    EXPECT_EQ(rows(3, 1).ToText(), "IRC");
+}
+
+TEST_F(SeriesTest, AClassWithAnEntrantIsKeptUntilTheEntrantIsRemoved) {
+    const int series = AddSeries("Spring");
+    const int irc = AddHandicapType("IRC");
+    const int classId = AddClass(series, "Class 1", irc);
+    const int owner = AddPerson("Ann", "O'Hara");
+    const int entrant = AddEntrant(series, AddBoat("Kestrel", "GBR 1", owner), classId, owner);
+    ForgetModifiedStamp();
+
+    EXPECT_EQ(results.RemoveClass(classId),
+              "E-It is not possible to remove this class as there are boats entered in it.");
+    EXPECT_EQ(db.Count("Class"), 1);
+    EXPECT_EQ(db.Count("Entrant"), 1);
+
+    ASSERT_EQ(results.RemoveEntrant(entrant), "");
+    EXPECT_EQ(results.RemoveClass(classId), "");
+    EXPECT_EQ(db.Count("Class"), 0);
+    EXPECT_FALSE(Stamped());
+}
+
+TEST_F(SeriesTest, OnlyTheRemovalsShowAMissingDatabaseThemselves) {
+    test::RecordingMessages messages;
+    DataFile = db.folder() + "/gone.db";
+    RowSet rows;
+    int id = 0;
+    const std::vector<std::pair<std::string, bool>> outcomes = {
+        {results.GetClassSplits(rows, 1), false},
+        {results.PutSeriesDetails(id, "Summer", "", 1, "1"), false},
+        {results.RemoveClass(1), false},
+        {results.RemoveSeries(1), true},
+        {results.RemoveEntrant(1), true},
+    };
+    std::size_t shown = 0;
+    for (const auto& [Msg, showsItself] : outcomes) {
+        EXPECT_NE(Msg.find(" in ConnectDb"), std::string::npos) << Msg;
+        if (showsItself)
+            ++shown;
+    }
+    EXPECT_EQ(messages.shown.size(), shown);
+}
+
+}  // namespace
+}  // namespace tb
