@@ -3,9 +3,12 @@
 #include <QDialog>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <string>
 
-#include "ui_frmBoatDetail.h"
+namespace Ui {
+class frmBoatDetail;
+}
 
 namespace tb {
 
@@ -23,6 +26,7 @@ public:
     // is given (the entry editor opens the editor so), starts adding a new boat.
     frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boatSaved = {},
                   QWidget* parent = nullptr);
+    ~frmBoatDetail() override;
 
     // Refill the lists and select the given record; the model window and the people editor call
     // them after they store.
@@ -30,10 +34,12 @@ public:
     std::string ShowPeople(int SelectId);
     std::string ShowHandicaps();
 
+    // Every way of closing offers to save the edits first.
+    void reject() override;
+
 protected:
     bool event(QEvent* e) override;
     bool eventFilter(QObject* watched, QEvent* e) override;
-    void reject() override;
 
 private:
     std::string Load(int SelectedId);
@@ -54,7 +60,7 @@ private:
     std::string ListBoatsOfModel();
     std::string ListSeriesEntered();
 
-    Ui::frmBoatDetail ui;
+    std::unique_ptr<Ui::frmBoatDetail> ui;
     clResults& ResultsDb;
     BoatSaved boatSaved;
     int BoatId = 0;

@@ -2,9 +2,12 @@
 
 #include <QDialog>
 #include <functional>
+#include <memory>
 #include <string>
 
-#include "ui_frmBoatModel.h"
+namespace Ui {
+class frmBoatModel;
+}
 
 namespace tb {
 
@@ -18,6 +21,7 @@ public:
     using ModelSaved = std::function<void(int ModelId)>;
     frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved modelSaved,
                  QWidget* parent = nullptr);
+    ~frmBoatModel() override;
 
 protected:
     bool event(QEvent* e) override;
@@ -26,7 +30,7 @@ private:
     std::string Load();
     std::string SaveModel();
 
-    Ui::frmBoatModel ui;
+    std::unique_ptr<Ui::frmBoatModel> ui;
     clResults& ResultsDb;
     int ModelId;
     ModelSaved modelSaved;

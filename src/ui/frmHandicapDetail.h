@@ -2,9 +2,12 @@
 
 #include <QDialog>
 #include <functional>
+#include <memory>
 #include <string>
 
-#include "ui_frmHandicapDetail.h"
+namespace Ui {
+class frmHandicapDetail;
+}
 
 namespace tb {
 
@@ -19,6 +22,7 @@ public:
     using HandicapSaved = std::function<void()>;
     frmHandicapDetail(clResults& ResultsDb, int BoatId, int Request, HandicapSaved handicapSaved,
                       QWidget* parent = nullptr);
+    ~frmHandicapDetail() override;
 
 protected:
     bool event(QEvent* e) override;
@@ -27,7 +31,7 @@ private:
     std::string Load();
     std::string SaveHandicap();
 
-    Ui::frmHandicapDetail ui;
+    std::unique_ptr<Ui::frmHandicapDetail> ui;
     clResults& ResultsDb;
     int BoatId;
     int Request;

@@ -1,5 +1,7 @@
 #include "ui/frmPeopleDetail.h"
 
+#include "ui_frmPeopleDetail.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -16,38 +18,43 @@ namespace tb {
 
 frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdded ownerAdded,
                                  QWidget* parent)
-    : QDialog(parent), ResultsDb(ResultsDb), ownerAdded(std::move(ownerAdded)) {
-    ui.setupUi(this);
+    : QDialog(parent),
+      ui(std::make_unique<Ui::frmPeopleDetail>()),
+      ResultsDb(ResultsDb),
+      ownerAdded(std::move(ownerAdded)) {
+    ui->setupUi(this);
     // Enter in the list searches by the typed start of the family name; the list offers no
     // completion of its own, so the typed text is what the search sees.
-    ui.SelPerson->setCompleter(nullptr);
-    ui.SelPerson->installEventFilter(this);
-    ui.SelPerson->lineEdit()->installEventFilter(this);
+    ui->SelPerson->setCompleter(nullptr);
+    ui->SelPerson->installEventFilter(this);
+    ui->SelPerson->lineEdit()->installEventFilter(this);
 
     const auto act = [this](const char* location, std::function<std::string()> body) {
         return [this, location, body] { ShowMessage(Trap(location, body)); };
     };
-    connect(ui.SelPerson, &QComboBox::currentIndexChanged, this, [this] { PersonChosen(); });
+    connect(ui->SelPerson, &QComboBox::currentIndexChanged, this, [this] { PersonChosen(); });
     for (QLineEdit* field :
-         {ui.tTitle, ui.tForename, ui.tSurname, ui.tAddr1, ui.tAddr2, ui.tCity, ui.tPostcode,
-          ui.tCountry, ui.tDay, ui.tEvening, ui.tMobile, ui.tFax, ui.tEmail})
+         {ui->tTitle, ui->tForename, ui->tSurname, ui->tAddr1, ui->tAddr2, ui->tCity, ui->tPostcode,
+          ui->tCountry, ui->tDay, ui->tEvening, ui->tMobile, ui->tFax, ui->tEmail})
         connect(field, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
-    connect(ui.cMember, &QCheckBox::clicked, this, [this] { SetChanged(true); });
-    connect(ui.cmdAdd, &QPushButton::clicked, this,
+    connect(ui->cMember, &QCheckBox::clicked, this, [this] { SetChanged(true); });
+    connect(ui->cmdAdd, &QPushButton::clicked, this,
             act("PeopleDetail.cmdAdd", [this] { return AddPerson(); }));
-    connect(ui.cmdOK, &QPushButton::clicked, this, [this] { SavePerson(); });
-    connect(ui.cmdCancel, &QPushButton::clicked, this, &frmPeopleDetail::reject);
-    connect(ui.cmdRemove, &QPushButton::clicked, this,
+    connect(ui->cmdOK, &QPushButton::clicked, this, [this] { SavePerson(); });
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmPeopleDetail::reject);
+    connect(ui->cmdRemove, &QPushButton::clicked, this,
             act("PeopleDetail.cmdRemove", [this] { return RemovePerson(); }));
-    connect(ui.ListSeries, &QPushButton::clicked, this,
+    connect(ui->ListSeries, &QPushButton::clicked, this,
             act("PeopleDetail.ListSeries", [this] { return ListSeriesEntered(); }));
-    connect(ui.ListBoats, &QPushButton::clicked, this,
+    connect(ui->ListBoats, &QPushButton::clicked, this,
             act("PeopleDetail.ListBoats", [this] { return ListBoatsOwned(); }));
 
     ListPeople(0);
     if (SelectedId == -1)
         ShowMessage(Trap("PeopleDetail.Load", [this] { return AddPerson(); }));
 }
+
+frmPeopleDetail::~frmPeopleDetail() = default;
 
 bool frmPeopleDetail::event(QEvent* e) {
     if (e->type() == QEvent::WindowActivate)
@@ -56,7 +63,7 @@ bool frmPeopleDetail::event(QEvent* e) {
 }
 
 bool frmPeopleDetail::eventFilter(QObject* watched, QEvent* e) {
-    const bool inList = watched == ui.SelPerson || watched == ui.SelPerson->lineEdit();
+    const bool inList = watched == ui->SelPerson || watched == ui->SelPerson->lineEdit();
     if (inList && e->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(e)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -64,8 +71,8 @@ bool frmPeopleDetail::eventFilter(QObject* watched, QEvent* e) {
             return true;
         }
     }
-    if (watched == ui.SelPerson && e->type() == QEvent::FocusOut)
-        ui.lInfo->clear();
+    if (watched == ui->SelPerson && e->type() == QEvent::FocusOut)
+        ui->lInfo->clear();
     return QDialog::eventFilter(watched, e);
 }
 
@@ -77,8 +84,8 @@ void frmPeopleDetail::reject() {
 
 void frmPeopleDetail::SetChanged(bool Flag) {
     Changed = Flag;
-    ui.cmdOK->setEnabled(Flag);
-    ui.cmdAdd->setEnabled(!Flag);
+    ui->cmdOK->setEnabled(Flag);
+    ui->cmdAdd->setEnabled(!Flag);
 }
 
 std::string frmPeopleDetail::ListPeople(int SelectId) {
@@ -87,16 +94,16 @@ std::string frmPeopleDetail::ListPeople(int SelectId) {
         const std::string Msg = ResultsDb.GetPeople(people);
         bool chosen = false;
         {
-            const QSignalBlocker block(ui.SelPerson);
-            ui.SelPerson->clear();
+            const QSignalBlocker block(ui->SelPerson);
+            ui->SelPerson->clear();
             int select = -1;
             for (std::size_t row = 0; Msg.empty() && row < people.Rows(); ++row) {
                 const int id = static_cast<int>(people(0, row).AsInt());
-                ui.SelPerson->addItem(FieldText(people(1, row)), id);
+                ui->SelPerson->addItem(FieldText(people(1, row)), id);
                 if (id == SelectId || (row == 0 && SelectId <= 0))
                     select = static_cast<int>(row);
             }
-            ui.SelPerson->setCurrentIndex(select);
+            ui->SelPerson->setCurrentIndex(select);
             chosen = select >= 0;
         }
         if (chosen)
@@ -110,27 +117,27 @@ std::string frmPeopleDetail::ListPeople(int SelectId) {
 // The selection handling of the list: offer to save the person shown until now, then show the
 // chosen one (even when saving refilled the list).
 void frmPeopleDetail::PersonChosen() {
-    ui.lInfo->clear();
-    const int chosen = ChosenId(ui.SelPerson);
+    ui->lInfo->clear();
+    const int chosen = ChosenId(ui->SelPerson);
     AskSave();
-    ChooseById(ui.SelPerson, chosen);
+    ChooseById(ui->SelPerson, chosen);
     PersonId = chosen;
     ShowDetails();
 }
 
 std::string frmPeopleDetail::ShowDetails() {
     const std::string Msg = Trap("PeopleDetail.ShowDetails", [this] {
-        const int id = ChosenId(ui.SelPerson);
+        const int id = ChosenId(ui->SelPerson);
         RowSet detail(14, 1);
         const std::string Msg = id != 0 ? ResultsDb.GetPersonDetails(id, detail) : std::string();
         if (Msg.empty()) {
             const std::array<QLineEdit*, 12> fields = {
-                ui.tTitle,    ui.tForename, ui.tSurname, ui.tAddr1, ui.tAddr2, ui.tCity,
-                ui.tPostcode, ui.tCountry,  ui.tEvening, ui.tFax,   ui.tDay,   ui.tMobile};
+                ui->tTitle,    ui->tForename, ui->tSurname, ui->tAddr1, ui->tAddr2, ui->tCity,
+                ui->tPostcode, ui->tCountry,  ui->tEvening, ui->tFax,   ui->tDay,   ui->tMobile};
             for (std::size_t column = 0; column < fields.size(); ++column)
                 fields[column]->setText(FieldText(detail(column, 0)));
-            ui.cMember->setChecked(detail(12, 0).AsBool());
-            ui.tEmail->setText(FieldText(detail(13, 0)));
+            ui->cMember->setChecked(detail(12, 0).AsBool());
+            ui->tEmail->setText(FieldText(detail(13, 0)));
         }
         SetChanged(false);
         return Msg;
@@ -141,16 +148,16 @@ std::string frmPeopleDetail::ShowDetails() {
 
 std::string frmPeopleDetail::SavePerson() {
     std::string Msg = Trap("PeopleDetail.SavePerson", [this] {
-        ui.tForename->setText(ui.tForename->text().trimmed());
-        ui.tSurname->setText(ui.tSurname->text().trimmed());
-        const std::string forename = S(ui.tForename->text());
-        const std::string surname = S(ui.tSurname->text());
+        ui->tForename->setText(ui->tForename->text().trimmed());
+        ui->tSurname->setText(ui->tSurname->text().trimmed());
+        const std::string forename = S(ui->tForename->text());
+        const std::string surname = S(ui->tSurname->text());
         if (forename.empty()) {
-            ui.tForename->setFocus();
+            ui->tForename->setFocus();
             return std::string("E-Please specify the forename of the person");
         }
         if (surname.empty()) {
-            ui.tSurname->setFocus();
+            ui->tSurname->setFocus();
             return std::string("E-Please specify the surname of the person");
         }
         if (PersonId == 0) {
@@ -164,17 +171,17 @@ std::string frmPeopleDetail::SavePerson() {
         const auto field = [](const QLineEdit* edit) { return S(edit->text().trimmed()); };
         int id = PersonId;
         std::string Msg = ResultsDb.PutPersonalDetails(
-            id, field(ui.tTitle), forename, surname, field(ui.tAddr1), field(ui.tAddr2),
-            field(ui.tCity), field(ui.tPostcode), field(ui.tCountry), field(ui.tEvening),
-            field(ui.tFax), field(ui.tDay), field(ui.tMobile), ui.cMember->isChecked(),
-            field(ui.tEmail));
+            id, field(ui->tTitle), forename, surname, field(ui->tAddr1), field(ui->tAddr2),
+            field(ui->tCity), field(ui->tPostcode), field(ui->tCountry), field(ui->tEvening),
+            field(ui->tFax), field(ui->tDay), field(ui->tMobile), ui->cMember->isChecked(),
+            field(ui->tEmail));
         if (!Msg.empty())
             return Msg;
         PersonId = id;
-        ui.SelPerson->setEnabled(true);
-        ui.SelPerson->setFocus();
+        ui->SelPerson->setEnabled(true);
+        ui->SelPerson->setFocus();
         SetChanged(false);
-        ui.lInfo->setText("Details of person saved");
+        ui->lInfo->setText("Details of person saved");
         if (ownerAdded) {
             if (PersonId > 0)
                 ownerAdded(PersonId);
@@ -199,25 +206,25 @@ std::string frmPeopleDetail::AskSave() {
 
 std::string frmPeopleDetail::SearchPerson() {
     AskSave();
-    ui.lInfo->clear();
-    const QString typed = ui.SelPerson->currentText();
-    if (!HasChosenItem(ui.SelPerson) && !typed.isEmpty()) {
+    ui->lInfo->clear();
+    const QString typed = ui->SelPerson->currentText();
+    if (!HasChosenItem(ui->SelPerson) && !typed.isEmpty()) {
         RowSet found;
         const std::string Msg = ResultsDb.FindPerson(S(typed), found);
         if (!Msg.empty())
             return Msg;
         const int id = found.IsEmpty() ? 0 : static_cast<int>(found(0, 0).AsInt());
         if (id == 0) {
-            ui.lInfo->setText("The name starting with " + typed + " was not found");
+            ui->lInfo->setText("The name starting with " + typed + " was not found");
             Beep();
-            ui.SelPerson->setFocus();
+            ui->SelPerson->setFocus();
             return {};
         }
-        ChooseById(ui.SelPerson, 0);
-        ChooseById(ui.SelPerson, id);
+        ChooseById(ui->SelPerson, 0);
+        ChooseById(ui->SelPerson, id);
         PersonId = id;
-    } else if (ui.SelPerson->currentIndex() >= 0) {
-        PersonId = ChosenId(ui.SelPerson);
+    } else if (ui->SelPerson->currentIndex() >= 0) {
+        PersonId = ChosenId(ui->SelPerson);
     }
     ShowDetails();
     return {};
@@ -225,21 +232,21 @@ std::string frmPeopleDetail::SearchPerson() {
 
 std::string frmPeopleDetail::AddPerson() {
     {
-        const QSignalBlocker block(ui.SelPerson);
-        ui.SelPerson->setCurrentIndex(-1);
+        const QSignalBlocker block(ui->SelPerson);
+        ui->SelPerson->setCurrentIndex(-1);
     }
     PersonChosen();
-    ui.SelPerson->setEnabled(false);
-    ui.tTitle->setFocus();
+    ui->SelPerson->setEnabled(false);
+    ui->tTitle->setFocus();
     return {};
 }
 
 std::string frmPeopleDetail::RemovePerson() {
-    const int position = ui.SelPerson->currentIndex();
+    const int position = ui->SelPerson->currentIndex();
     if (position < 0)
         return "I-No person is selected";
-    const int id = ChosenId(ui.SelPerson);
-    const std::string person = S(ui.SelPerson->itemText(position));
+    const int id = ChosenId(ui->SelPerson);
+    const std::string person = S(ui->SelPerson->itemText(position));
     RowSet series;
     RowSet boats;
     std::string Msg = ResultsDb.GetSeriesForPerson(id, series);
@@ -263,38 +270,39 @@ std::string frmPeopleDetail::RemovePerson() {
     if (Msg.empty()) {
         // The person is gone: their unsaved edits with them.
         SetChanged(false);
-        RemoveAndChooseNeighbour(ui.SelPerson, position);
+        RemoveAndChooseNeighbour(ui->SelPerson, position);
         PersonChosen();
     }
     return Msg;
 }
 
 std::string frmPeopleDetail::ListSeriesEntered() {
-    if (ui.SelPerson->currentIndex() < 0)
+    if (ui->SelPerson->currentIndex() < 0)
         return "I-No person is selected";
     RowSet series;
-    const std::string Msg = ResultsDb.GetSeriesForPerson(ChosenId(ui.SelPerson), series);
+    const std::string Msg = ResultsDb.GetSeriesForPerson(ChosenId(ui->SelPerson), series);
     if (!Msg.empty())
         return Msg;
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < series.Rows(); ++row)
         lines.push_back(Format(series(0, row), "yyyy") + " " + ToText(series(1, row)));
-    ShowInformation("Series entered by " + S(ui.SelPerson->itemText(ui.SelPerson->currentIndex())),
-                    lines.empty() ? "No entries found" : JoinLines(lines));
+    ShowInformation(
+        "Series entered by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
+        lines.empty() ? "No entries found" : JoinLines(lines));
     return Msg;
 }
 
 std::string frmPeopleDetail::ListBoatsOwned() {
-    if (ui.SelPerson->currentIndex() < 0)
+    if (ui->SelPerson->currentIndex() < 0)
         return "I-No person is selected";
     RowSet boats;
-    const std::string Msg = ResultsDb.GetBoatsOwned(ChosenId(ui.SelPerson), boats);
+    const std::string Msg = ResultsDb.GetBoatsOwned(ChosenId(ui->SelPerson), boats);
     if (!Msg.empty())
         return Msg;
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < boats.Rows(); ++row)
         lines.push_back(ToText(boats(0, row)) + " " + ToText(boats(1, row)));
-    ShowInformation("Boats owned by " + S(ui.SelPerson->itemText(ui.SelPerson->currentIndex())),
+    ShowInformation("Boats owned by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
                     lines.empty() ? "No boats found" : JoinLines(lines));
     return Msg;
 }

@@ -2,9 +2,12 @@
 
 #include <QDialog>
 #include <functional>
+#include <memory>
 #include <string>
 
-#include "ui_frmPeopleDetail.h"
+namespace Ui {
+class frmPeopleDetail;
+}
 
 namespace tb {
 
@@ -21,11 +24,14 @@ public:
     // the window closes once a person is saved and hands the person to the handler.
     frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdded ownerAdded = {},
                     QWidget* parent = nullptr);
+    ~frmPeopleDetail() override;
+
+    // Every way of closing offers to save the edits first.
+    void reject() override;
 
 protected:
     bool event(QEvent* e) override;
     bool eventFilter(QObject* watched, QEvent* e) override;
-    void reject() override;
 
 private:
     void SetChanged(bool Flag);
@@ -41,7 +47,7 @@ private:
     std::string ListSeriesEntered();
     std::string ListBoatsOwned();
 
-    Ui::frmPeopleDetail ui;
+    std::unique_ptr<Ui::frmPeopleDetail> ui;
     clResults& ResultsDb;
     OwnerAdded ownerAdded;
     int PersonId = 0;

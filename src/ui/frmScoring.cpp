@@ -1,5 +1,7 @@
 #include "ui/frmScoring.h"
 
+#include "ui_frmScoring.h"
+
 #include <QEvent>
 #include <QSignalBlocker>
 #include <vector>
@@ -49,15 +51,15 @@ std::string SeriesLines(const RowSet& series) {
 }  // namespace
 
 frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
-    : QDialog(parent), ResultsDb(ResultsDb) {
-    ui.setupUi(this);
+    : QDialog(parent), ui(std::make_unique<Ui::frmScoring>()), ResultsDb(ResultsDb) {
+    ui->setupUi(this);
     for (std::size_t k = 0; k < tValue.size(); ++k)
         tValue[k] = findChild<QLineEdit*>(QString("tValue_%1").arg(k));
     for (std::size_t i = 0; i < tRun.size(); ++i) {
         tRun[i] = findChild<QLineEdit*>(QString("tRun_%1").arg(i));
         tDiscards[i] = findChild<QLineEdit*>(QString("tDiscards_%1").arg(i));
     }
-    for (QComboBox* base : {ui.SelBase, ui.SelBaseDSQ, ui.SelbaseDNC}) {
+    for (QComboBox* base : {ui->SelBase, ui->SelBaseDSQ, ui->SelbaseDNC}) {
         base->addItem("No of entrants", 0);
         base->addItem("No of starters", 1);
     }
@@ -65,33 +67,36 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
     const auto act = [this](const char* location, std::function<std::string()> body) {
         return [this, location, body] { ShowMessage(Trap(location, body)); };
     };
-    connect(ui.SelScoring, &QComboBox::activated, this,
+    connect(ui->SelScoring, &QComboBox::activated, this,
             act("Scoring.SelScoring", [this] { return ShowScoring(); }));
-    connect(ui.SelDiscards, &QComboBox::activated, this,
+    connect(ui->SelDiscards, &QComboBox::activated, this,
             act("Scoring.SelDiscards", [this] { return ShowDiscards(); }));
-    connect(ui.cmdAddScoring, &QPushButton::clicked, this, [this] {
-        ui.SelScoring->setCurrentIndex(-1);
-        ui.SelScoring->setFocus();
+    connect(ui->cmdAddScoring, &QPushButton::clicked, this, [this] {
+        ui->SelScoring->setCurrentIndex(-1);
+        ui->SelScoring->setFocus();
         ScoringId = 0;
     });
-    connect(ui.cmdAddDiscard, &QPushButton::clicked, this, [this] {
-        ui.SelDiscards->setCurrentIndex(-1);
-        ui.SelDiscards->setFocus();
+    connect(ui->cmdAddDiscard, &QPushButton::clicked, this, [this] {
+        ui->SelDiscards->setCurrentIndex(-1);
+        ui->SelDiscards->setFocus();
         DiscardId = 0;
     });
-    connect(ui.cmdOK, &QPushButton::clicked, this, act("Scoring.cmdOK", [this] { return Save(); }));
-    connect(ui.cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui.cmdRemove, &QPushButton::clicked, this,
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            act("Scoring.cmdOK", [this] { return Save(); }));
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->cmdRemove, &QPushButton::clicked, this,
             act("Scoring.cmdRemove", [this] { return RemoveScoring(); }));
-    connect(ui.cmdRemoveDis, &QPushButton::clicked, this,
+    connect(ui->cmdRemoveDis, &QPushButton::clicked, this,
             act("Scoring.cmdRemoveDis", [this] { return RemoveDiscardRule(); }));
-    connect(ui.ListSeries, &QLabel::linkActivated, this,
+    connect(ui->ListSeries, &QLabel::linkActivated, this,
             act("Scoring.ListSeries", [this] { return ListSeriesUsingScoring(); }));
-    connect(ui.Label11, &QLabel::linkActivated, this,
+    connect(ui->Label11, &QLabel::linkActivated, this,
             act("Scoring.Label11", [this] { return ListSeriesUsingDiscardRule(); }));
 
     ShowMessage(Trap("Scoring.Load", [this] { return Load(); }));
 }
+
+frmScoring::~frmScoring() = default;
 
 bool frmScoring::event(QEvent* e) {
     if (e->type() == QEvent::WindowActivate)
@@ -111,7 +116,7 @@ std::string frmScoring::ListScoring() {
     const std::string Msg = ResultsDb.GetScoring(systems);
     if (!Msg.empty())
         return Msg;
-    FillSystems(ui.SelScoring, systems);
+    FillSystems(ui->SelScoring, systems);
     return ShowScoring();
 }
 
@@ -120,16 +125,16 @@ std::string frmScoring::ListDiscards() {
     const std::string Msg = ResultsDb.GetDiscards(systems);
     if (!Msg.empty())
         return Msg;
-    FillSystems(ui.SelDiscards, systems);
+    FillSystems(ui->SelDiscards, systems);
     return ShowDiscards();
 }
 
 // With no system chosen (a new one is being named) the boxes keep what they show, so the system
 // shown last serves as the new one's template.
 std::string frmScoring::ShowScoring() {
-    if (ui.SelScoring->currentIndex() < 0)
+    if (ui->SelScoring->currentIndex() < 0)
         return {};
-    ScoringId = ChosenId(ui.SelScoring);
+    ScoringId = ChosenId(ui->SelScoring);
     RowSet points;
     const std::string Msg = ResultsDb.GetScoringDetail(ScoringId, points);
     if (!Msg.empty())
@@ -137,7 +142,7 @@ std::string frmScoring::ShowScoring() {
     for (std::size_t k = 0; k < 7; ++k)
         tValue[k]->setText(FieldText(Cell(points, kValueColumn, kFirstPlaceRow + k)));
     const std::array<std::size_t, 3> groupRows = {kDnfRow, kDsqRow, kDncRow};
-    const std::array<QComboBox*, 3> bases = {ui.SelBase, ui.SelBaseDSQ, ui.SelbaseDNC};
+    const std::array<QComboBox*, 3> bases = {ui->SelBase, ui->SelBaseDSQ, ui->SelbaseDNC};
     for (std::size_t g = 0; g < groupRows.size(); ++g) {
         const std::size_t row = groupRows[g];
         tValue[7 + g]->setText(FieldText(Cell(points, kValueColumn, row)));
@@ -150,9 +155,9 @@ std::string frmScoring::ShowScoring() {
 }
 
 std::string frmScoring::ShowDiscards() {
-    if (ui.SelDiscards->currentIndex() < 0)
+    if (ui->SelDiscards->currentIndex() < 0)
         return {};
-    DiscardId = ChosenId(ui.SelDiscards);
+    DiscardId = ChosenId(ui->SelDiscards);
     RowSet lines;
     const std::string Msg = ResultsDb.GetDiscardDetail(DiscardId, lines);
     if (!Msg.empty())
@@ -165,10 +170,10 @@ std::string frmScoring::ShowDiscards() {
 }
 
 std::string frmScoring::Save() {
-    ui.SelScoring->setEditText(ui.SelScoring->currentText().trimmed());
-    ui.SelDiscards->setEditText(ui.SelDiscards->currentText().trimmed());
-    const std::string scoringName = S(ui.SelScoring->currentText());
-    const std::string discardName = S(ui.SelDiscards->currentText());
+    ui->SelScoring->setEditText(ui->SelScoring->currentText().trimmed());
+    ui->SelDiscards->setEditText(ui->SelDiscards->currentText().trimmed());
+    const std::string scoringName = S(ui->SelScoring->currentText());
+    const std::string discardName = S(ui->SelDiscards->currentText());
 
     std::string Msg;
     QWidget* focus = nullptr;
@@ -176,8 +181,8 @@ std::string frmScoring::Save() {
         Msg = message;
         focus = field;
     };
-    if (scoringName.empty() && !HasChosenItem(ui.SelScoring))
-        fail("E-Please specify a name for the scoring system", ui.SelScoring);
+    if (scoringName.empty() && !HasChosenItem(ui->SelScoring))
+        fail("E-Please specify a name for the scoring system", ui->SelScoring);
 
     clResults::ScoringValues values;
     for (std::size_t k = 0; k < values.size(); ++k) {
@@ -187,8 +192,8 @@ std::string frmScoring::Save() {
         if (Msg.empty() && !IsNumeric(values[k]))
             fail("E-Please specify a valid number of points", tValue[k]);
     }
-    if (discardName.empty() && !HasChosenItem(ui.SelDiscards))
-        fail("E-Please specify a name for the discard system", ui.SelDiscards);
+    if (discardName.empty() && !HasChosenItem(ui->SelDiscards))
+        fail("E-Please specify a name for the discard system", ui->SelDiscards);
 
     clResults::DiscardLines discards;
     for (std::size_t i = 0; i < tRun.size(); ++i) {
@@ -203,77 +208,77 @@ std::string frmScoring::Save() {
         focus->setFocus();
     if (Msg.empty())
         Msg = ResultsDb.PutScoring(ScoringId, scoringName, DiscardId, discardName,
-                                   static_cast<short>(ChosenId(ui.SelBase)),
-                                   static_cast<short>(ChosenId(ui.SelBaseDSQ)),
-                                   static_cast<short>(ChosenId(ui.SelbaseDNC)), values, discards);
+                                   static_cast<short>(ChosenId(ui->SelBase)),
+                                   static_cast<short>(ChosenId(ui->SelBaseDSQ)),
+                                   static_cast<short>(ChosenId(ui->SelbaseDNC)), values, discards);
     if (Msg.empty())
         accept();
     return Msg;
 }
 
 std::string frmScoring::RemoveScoring() {
-    if (ui.SelScoring->currentIndex() < 0)
+    if (ui->SelScoring->currentIndex() < 0)
         return "I-No scoring system is selected";
-    const std::string name = S(ui.SelScoring->itemText(ui.SelScoring->currentIndex()));
+    const std::string name = S(ui->SelScoring->itemText(ui->SelScoring->currentIndex()));
     RowSet series;
-    std::string Msg = ResultsDb.GetSeriesUsingScoring(ChosenId(ui.SelScoring), series);
+    std::string Msg = ResultsDb.GetSeriesUsingScoring(ChosenId(ui->SelScoring), series);
     if (!Msg.empty())
         return Msg;
     if (!series.IsEmpty())
         return "I-Delete is not allowed as scoring system " + name + " is in use";
     if (!AskYesNo("Remove scoring system " + name + "?"))
         return {};
-    Msg = ResultsDb.RemoveScoring(ChosenId(ui.SelScoring));
+    Msg = ResultsDb.RemoveScoring(ChosenId(ui->SelScoring));
     if (Msg.empty())
         Msg = ListScoring();
     return Msg;
 }
 
 std::string frmScoring::RemoveDiscardRule() {
-    if (ui.SelDiscards->currentIndex() < 0)
+    if (ui->SelDiscards->currentIndex() < 0)
         return "I-No discard rule is selected";
-    const std::string name = S(ui.SelDiscards->itemText(ui.SelDiscards->currentIndex()));
+    const std::string name = S(ui->SelDiscards->itemText(ui->SelDiscards->currentIndex()));
     RowSet series;
-    std::string Msg = ResultsDb.GetSeriesUsingDiscard(ChosenId(ui.SelDiscards), series);
+    std::string Msg = ResultsDb.GetSeriesUsingDiscard(ChosenId(ui->SelDiscards), series);
     if (!Msg.empty())
         return Msg;
     if (!series.IsEmpty())
         return "I-Delete is not allowed as discard rule " + name + " is in use";
     if (!AskYesNo("Remove discard rule " + name + "?"))
         return {};
-    Msg = ResultsDb.RemoveDiscardSystem(ChosenId(ui.SelDiscards));
+    Msg = ResultsDb.RemoveDiscardSystem(ChosenId(ui->SelDiscards));
     if (Msg.empty())
         Msg = ListDiscards();
     return Msg;
 }
 
 std::string frmScoring::ListSeriesUsingScoring() {
-    if (ui.SelScoring->currentIndex() < 0)
+    if (ui->SelScoring->currentIndex() < 0)
         return "I-No scoring system is selected";
     RowSet series;
-    const std::string Msg = ResultsDb.GetSeriesUsingScoring(ChosenId(ui.SelScoring), series);
+    const std::string Msg = ResultsDb.GetSeriesUsingScoring(ChosenId(ui->SelScoring), series);
     if (!Msg.empty())
         return Msg;
-    ShowInformation("Scoring system: " + S(ui.SelScoring->itemText(ui.SelScoring->currentIndex())),
-                    series.IsEmpty()
-                        ? "This scoring system is not used in any series"
-                        : "This scoring system is used in " + std::to_string(series.Rows()) +
-                              " series:\r\n" + SeriesLines(series));
+    ShowInformation(
+        "Scoring system: " + S(ui->SelScoring->itemText(ui->SelScoring->currentIndex())),
+        series.IsEmpty() ? "This scoring system is not used in any series"
+                         : "This scoring system is used in " + std::to_string(series.Rows()) +
+                               " series:\r\n" + SeriesLines(series));
     return Msg;
 }
 
 std::string frmScoring::ListSeriesUsingDiscardRule() {
-    if (ui.SelDiscards->currentIndex() < 0)
+    if (ui->SelDiscards->currentIndex() < 0)
         return "I-No discard rule is selected";
     RowSet series;
-    const std::string Msg = ResultsDb.GetSeriesUsingDiscard(ChosenId(ui.SelDiscards), series);
+    const std::string Msg = ResultsDb.GetSeriesUsingDiscard(ChosenId(ui->SelDiscards), series);
     if (!Msg.empty())
         return Msg;
-    ShowInformation("Discard rule: " + S(ui.SelDiscards->itemText(ui.SelDiscards->currentIndex())),
-                    series.IsEmpty()
-                        ? "This discard rule is not used in any series"
-                        : "This discard rule is used in " + std::to_string(series.Rows()) +
-                              " series:\r\n" + SeriesLines(series));
+    ShowInformation(
+        "Discard rule: " + S(ui->SelDiscards->itemText(ui->SelDiscards->currentIndex())),
+        series.IsEmpty() ? "This discard rule is not used in any series"
+                         : "This discard rule is used in " + std::to_string(series.Rows()) +
+                               " series:\r\n" + SeriesLines(series));
     return Msg;
 }
 

@@ -2,11 +2,14 @@
 
 #include <QDialog>
 #include <array>
+#include <memory>
 #include <string>
 
-#include "ui_frmScoring.h"
-
 class QLineEdit;
+
+namespace Ui {
+class frmScoring;
+}
 
 namespace tb {
 
@@ -17,6 +20,7 @@ class frmScoring : public QDialog {
     Q_OBJECT
 public:
     explicit frmScoring(clResults& ResultsDb, QWidget* parent = nullptr);
+    ~frmScoring() override;
 
 protected:
     bool event(QEvent* e) override;
@@ -33,7 +37,7 @@ private:
     std::string ListSeriesUsingScoring();
     std::string ListSeriesUsingDiscardRule();
 
-    Ui::frmScoring ui;
+    std::unique_ptr<Ui::frmScoring> ui;
     clResults& ResultsDb;
     std::array<QLineEdit*, 13> tValue{};
     std::array<QLineEdit*, 5> tRun{};
