@@ -181,14 +181,16 @@ std::string frmPeopleDetail::SavePerson() {
         ui->SelPerson->setEnabled(true);
         ui->SelPerson->setFocus();
         SetChanged(false);
-        ui->lInfo->setText("Details of person saved");
         if (ownerAdded) {
             if (PersonId > 0)
                 ownerAdded(PersonId);
             accept();
             return Msg;
         }
-        return ListPeople(PersonId);
+        // The listing shows its own message; it clears the status line, so the line follows it.
+        ListPeople(PersonId);
+        ui->lInfo->setText("Details of person saved");
+        return Msg;
     });
     ShowMessage(Msg);
     return Msg;
