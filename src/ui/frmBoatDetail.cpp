@@ -131,7 +131,7 @@ std::string frmBoatDetail::ListBoats(int SelectId) {
         RowSet boats;
         const std::string Msg = ResultsDb.GetBoats(boats);
         // While a new boat is being entered the list shows no boat, whichever way it is sorted.
-        const bool addingBoat = SelectId <= 0 && !ui->SelBoat->isEnabled();
+        const bool addingBoat = SelectId <= 0 && !ui->SelBoat->isEnabledTo(this);
         {
             const QSignalBlocker block(ui->SelBoat);
             ui->SelBoat->clear();
