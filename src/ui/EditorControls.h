@@ -1,0 +1,49 @@
+#pragma once
+
+// What the editor windows share: text conversions between the core and Qt, the lists that carry
+// a record's Id as item data, the information boxes that list what uses a record, and the trap
+// that turns a run-time error inside a window procedure into its message.
+
+#include <QComboBox>
+#include <QFont>
+#include <QString>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tb {
+
+class Value;
+
+inline QString Q(const std::string& text) {
+    return QString::fromStdString(text);
+}
+inline std::string S(const QString& text) {
+    return text.toStdString();
+}
+// A value as a field shows it: Null is an empty field.
+QString FieldText(const Value& value);
+
+// Runs a window procedure; a run-time error becomes the "C-Error" text for the location.
+std::string Trap(const char* location, const std::function<std::string()>& body);
+
+// The font of lists padded into columns.
+QFont ColumnFont();
+
+// The Id of the chosen item, 0 when nothing is chosen.
+int ChosenId(const QComboBox* list);
+// Chooses the item whose Id is given, or nothing when no item has it, without running the
+// list's selection handling.
+void ChooseById(QComboBox* list, int id);
+// An editable list counts as chosen only while its text is the chosen item's own text: a text
+// typed over it is a search or a new name.
+bool HasChosenItem(const QComboBox* list);
+// Removes the item at a position and chooses the one now there, or the one before it when the
+// last was removed (nothing in an emptied list), without running the selection handling.
+void RemoveAndChooseNeighbour(QComboBox* list, int position);
+
+// The lines of an information box, separated by CR LF.
+std::string JoinLines(const std::vector<std::string>& lines);
+void ShowInformation(const std::string& title, const std::string& text);
+
+}  // namespace tb

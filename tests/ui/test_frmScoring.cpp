@@ -1,0 +1,230 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+#include <memory>
+
+#include "data/clResults.h"
+#include "support/RecordingMessages.h"
+#include "support/RegisterFixtures.h"
+#include "ui/frmScoring.h"
+
+using namespace tb;
+using namespace tb::test;
+
+class ScoringEditorTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestDatabase> db;
+    std::unique_ptr<clResults> results;
+    std::unique_ptr<RecordingMessages> messages;
+
+    static QLineEdit* Box(const QWidget& w, const char* name, int index) {
+        return Child<QLineEdit>(w, QString("%1_%2").arg(name).arg(index).toUtf8().constData());
+    }
+    static QStringList Values(const QWidget& w) {
+        QStringList values;
+        for (int k = 0; k < 13; ++k)
+            values << Box(w, "tValue", k)->text();
+        return values;
+    }
+    // A choice the user makes in a list of systems.
+    static void Choose(QComboBox* list, const QString& text) {
+        list->setCurrentIndex(list->findText(text));
+        emit list->activated(list->currentIndex());
+    }
+
+private slots:
+    void init() {
+        db = std::make_unique<TestDatabase>();
+        // "Average" sorts first: its DSQ group counts starters, scores 2 more with at least 5.
+        db->Exec(
+            "INSERT INTO Scoring (Id, Description) VALUES (2, 'Average');"
+            "INSERT INTO Points (Scoring, Place, Status, Base, Value, MinValue) "
+            "SELECT 2, Place, Status, Base, Value * 2, MinValue FROM Points WHERE Scoring = 1;"
+            "UPDATE Points SET Base = 1, Value = 2, MinValue = 5 "
+            "WHERE Scoring = 2 AND Status IN (1, 3, 6);"
+            "UPDATE Points SET Value = 10.5 WHERE Scoring = 2 AND Status IN (4, 5, 7, 8);"
+            "INSERT INTO DiscardSystem (Id, Description) VALUES (2, 'None');"
+            "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES "
+            "(1, 'Spring Series', 1, 1), (2, 'Autumn Series', 1, 1), (3, 'No races', 2, 2);"
+            "INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2009-04-10 00:00:00'), "
+            "(1, '2009-05-10 00:00:00'), (2, '2010-09-01 00:00:00');");
+        results = std::make_unique<clResults>();
+        messages = std::make_unique<RecordingMessages>();
+    }
+    void cleanup() {
+        messages.reset();
+        results.reset();
+        db.reset();
+    }
+
+    void showsTheFirstSystemOfEachKind() {
+        frmScoring w(*results);
+        QCOMPARE(w.windowTitle(), QString("Scoring - points and discards"));
+        QCOMPARE(Child<QComboBox>(w, "SelScoring")->currentText(), QString("Average"));
+        QCOMPARE(Values(w), QStringList({"2", "4", "6", "8", "10", "12", "14", "10.5", "2", "2", "",
+                                         "5", ""}));
+        QCOMPARE(Child<QComboBox>(w, "SelBase")->currentText(), QString("No of entrants"));
+        QCOMPARE(Child<QComboBox>(w, "SelBaseDSQ")->currentText(), QString("No of starters"));
+        QCOMPARE(Child<QComboBox>(w, "SelDiscards")->currentText(), QString("None"));
+
+        Choose(Child<QComboBox>(w, "SelScoring"), "Low points");
+        QCOMPARE(Values(w),
+                 QStringList({"1", "2", "3", "4", "5", "6", "7", "1", "1", "1", "", "", ""}));
+        QCOMPARE(Child<QComboBox>(w, "SelBaseDSQ")->currentIndex(), 0);
+        Choose(Child<QComboBox>(w, "SelDiscards"), "One after 4, two after 8");
+        QCOMPARE(Box(w, "tRun", 1)->text(), QString("8"));
+        QCOMPARE(Box(w, "tDiscards", 1)->text(), QString("2"));
+        QCOMPARE(Box(w, "tRun", 2)->text(), QString());
+        QVERIFY(messages->shown.empty());
+    }
+
+    void blankMinimumAndBlankDiscardLineAreSaved() {
+        frmScoring w(*results);
+        Choose(Child<QComboBox>(w, "SelDiscards"), "One after 4, two after 8");
+        Type(Box(w, "tValue", 11), " ");
+        Type(Box(w, "tRun", 0), "3");
+        Child<QPushButton>(w, "cmdOK")->click();
+        QVERIFY(messages->shown.empty());
+        QCOMPARE(w.result(), int(QDialog::Accepted));
+        QCOMPARE(db->Count("Points",
+                           "Scoring = 2 AND Status IN (1, 3, 6) AND MinValue = 0 AND "
+                           "Base = 1 AND Value = 2"),
+                 3);
+        QCOMPARE(db->Count("Points", "Scoring = 2"), 15);
+        QCOMPARE(db->Count("Discards",
+                           "DiscardSystem = 1 AND RacesRun IS NULL AND "
+                           "Discards IS NULL"),
+                 3);
+        QCOMPARE(db->Count("Discards", "DiscardSystem = 1 AND RacesRun = 3 AND Discards = 1"), 1);
+    }
+
+    void everyBoxIsCheckedInOrder_data() {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("empty place") << "tValue_0"
+                                     << ""
+                                     << "E-Please specify a valid number of points";
+        QTest::newRow("empty DNC value") << "tValue_9"
+                                         << " "
+                                         << "E-Please specify a valid number of points";
+        QTest::newRow("text minimum") << "tValue_12"
+                                      << "min"
+                                      << "E-Please specify a valid number of points";
+        QTest::newRow("races run") << "tRun_4"
+                                   << "four"
+                                   << "E-Please specify a valid number of races";
+        QTest::newRow("discards") << "tDiscards_3"
+                                  << "1x"
+                                  << "E-Please specify a valid number of dicards";
+    }
+    void everyBoxIsCheckedInOrder() {
+        QFETCH(QString, box);
+        QFETCH(QString, text);
+        QFETCH(QString, message);
+        frmScoring w(*results);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        Type(Child<QLineEdit>(w, box.toUtf8().constData()), text);
+        Type(Box(w, "tValue", 1), "two");
+        if (!box.startsWith("tValue"))
+            Type(Box(w, "tValue", 1), "2");
+        Child<QPushButton>(w, "cmdOK")->click();
+        QCOMPARE(messages->Texts(), std::vector<std::string>{message.toStdString()});
+        const QString expectedFocus = box == "tValue_9" || box == "tValue_12" ? "tValue_1" : box;
+        QCOMPARE(QApplication::focusWidget()->objectName(), expectedFocus);
+        QVERIFY(w.isVisible());
+        QCOMPARE(db->Count("Points", "Scoring = 2 AND Value = 4"), 1);
+    }
+
+    void namesAreRequiredAndTheDiscardNameWins() {
+        frmScoring w(*results);
+        Child<QPushButton>(w, "cmdAddScoring")->click();
+        Child<QPushButton>(w, "cmdOK")->click();
+        Child<QPushButton>(w, "cmdAddDiscard")->click();
+        Child<QPushButton>(w, "cmdOK")->click();
+        QCOMPARE(messages->Texts(),
+                 (std::vector<std::string>{"E-Please specify a name for the scoring system",
+                                           "E-Please specify a name for the discard system"}));
+        QCOMPARE(db->Count("Scoring"), 2);
+    }
+
+    void addedSystemStartsFromTheOneShown() {
+        frmScoring w(*results);
+        Child<QPushButton>(w, "cmdAddScoring")->click();
+        QCOMPARE(Child<QComboBox>(w, "SelScoring")->currentText(), QString());
+        QCOMPARE(Values(w)[7], QString("10.5"));
+        QCOMPARE(Values(w)[11], QString("5"));
+        QTest::keyClicks(Child<QComboBox>(w, "SelScoring")->lineEdit(), "  Club points ");
+        Child<QPushButton>(w, "cmdOK")->click();
+        QVERIFY(messages->shown.empty());
+        const std::string id = db->Text("SELECT Id FROM Scoring WHERE Description = 'Club points'");
+        QCOMPARE(db->Count("Points", "Scoring = " + id), 15);
+        QCOMPARE(db->Count("Points", "Scoring = " + id +
+                                         " AND Status IN (1, 3, 6) AND Base = 1 "
+                                         "AND Value = 2 AND MinValue = 5"),
+                 3);
+    }
+
+    void duplicateNameKeepsTheWindowOpen() {
+        frmScoring w(*results);
+        w.show();
+        auto* list = Child<QComboBox>(w, "SelScoring");
+        list->lineEdit()->clear();
+        QTest::keyClicks(list->lineEdit(), "low POINTS");
+        Child<QPushButton>(w, "cmdOK")->click();
+        QCOMPARE(
+            messages->Texts(),
+            std::vector<std::string>{"E-Another scoring system named 'low POINTS' already exists"});
+        QVERIFY(w.isVisible());
+        QCOMPARE(db->Text("SELECT Description FROM Scoring WHERE Id = 2"), std::string("Average"));
+    }
+
+    void systemsInUseAreListedAndKept() {
+        frmScoring w(*results);
+        Choose(Child<QComboBox>(w, "SelScoring"), "Low points");
+        Choose(Child<QComboBox>(w, "SelDiscards"), "One after 4, two after 8");
+        emit Child<QLabel>(w, "ListSeries")->linkActivated("series");
+        Child<QPushButton>(w, "cmdRemove")->click();
+        emit Child<QLabel>(w, "Label11")->linkActivated("series");
+        Child<QPushButton>(w, "cmdRemoveDis")->click();
+        QVERIFY(messages->questions.empty());
+        QCOMPARE(messages->shown.size(), std::size_t{4});
+        QCOMPARE(messages->shown[0].title, std::string("Scoring system: Low points"));
+        QCOMPARE(messages->shown[0].text,
+                 std::string("This scoring system is used in 2 series:\r\nAutumn Series "
+                             "(2010)\r\nSpring Series (2009)"));
+        QCOMPARE(messages->Texts()[1],
+                 std::string("I-Delete is not allowed as scoring system Low points is in use"));
+        QCOMPARE(messages->shown[2].title, std::string("Discard rule: One after 4, two after 8"));
+        QCOMPARE(messages->Texts()[3], std::string("I-Delete is not allowed as discard rule One "
+                                                   "after 4, two after 8 is in use"));
+        QCOMPARE(db->Count("Scoring"), 2);
+        QCOMPARE(db->Count("DiscardSystem"), 2);
+    }
+
+    void unusedSystemsAreRemovedAfterAsking() {
+        frmScoring w(*results);
+        emit Child<QLabel>(w, "ListSeries")->linkActivated("series");
+        QCOMPARE(messages->shown[0].text,
+                 std::string("This scoring system is not used in any series"));
+        messages->answers = {false, true, true};
+        Child<QPushButton>(w, "cmdRemove")->click();
+        QCOMPARE(db->Count("Scoring"), 2);
+        Child<QPushButton>(w, "cmdRemove")->click();
+        Child<QPushButton>(w, "cmdRemoveDis")->click();
+        QCOMPARE(messages->questions, (std::vector<std::string>{"Remove scoring system Average?",
+                                                                "Remove scoring system Average?",
+                                                                "Remove discard rule None?"}));
+        QCOMPARE(db->Count("Scoring"), 1);
+        QCOMPARE(db->Count("DiscardSystem"), 1);
+        QCOMPARE(Child<QComboBox>(w, "SelScoring")->currentText(), QString("Low points"));
+        QCOMPARE(Values(w)[0], QString("1"));
+        QCOMPARE(Box(w, "tRun", 0)->text(), QString("4"));
+    }
+};
+
+QTEST_MAIN(ScoringEditorTest)
+#include "test_frmScoring.moc"
