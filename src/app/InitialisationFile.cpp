@@ -56,8 +56,13 @@ std::optional<ReportAction> ParseAction(const std::string& line) {
 std::string clResults::GetInitialisationInfo() {
     if (!ReportMenu_[0].Title.empty())
         return {};
+    return ReadReportMenu(ProgramFolder() + "/Tallyboard.ini");
+}
+
+std::string clResults::ReadReportMenu(const std::string& IniFile) {
+    ReportMenu_ = {};
     try {
-        std::ifstream file(ProgramFolder() + "/Tallyboard.ini", std::ios::binary);
+        std::ifstream file(IniFile, std::ios::binary);
         if (!file)
             throw RunTimeFault(53, "File not found");
         int section = -1;

@@ -111,10 +111,15 @@ public:
     std::string GetCumulativeResults(int RaceId, short Option, RowSet& CumulativeRows);
 
     // ---- Reports
+    // Writes the report of the kind (0 to 5: E, A, C, R, S, B) with the report menu's action for
+    // the race into the year folder of ReportPath; OutputPath is the file to show (the problem
+    // report when the race's handicaps are not settled).
     std::string CreateReport(int KindIndex, int ActionIndex, int Viewer, int RaceId,
                              std::string& OutputPath);
     std::string ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
                                    const RowSet& Problems, std::string& Html);
+    // Reads the report menu from the given initialisation file instead of the program's own.
+    std::string ReadReportMenu(const std::string& IniFile);
 
     // ---- Options
     // Saves the report heading, comment and footnote, then adds (HandicapTypeId 0) or renames a
@@ -145,6 +150,20 @@ private:
     // ---- Private steps of the scoring computations
 
     // ---- Private steps of the reports
+    std::string XMLTransform(const std::string& Xml, const std::string& StyleSheetPath,
+                             std::string& Output);
+    std::string ReportRaceResults(short Option, const std::string& Letter, int Viewer,
+                                  RowSet& ClassRows, const RowSet& ResultRows,
+                                  const RowSet& CumulativeRows, const RowSet& SeriesPointsRows,
+                                  std::string& Xml);
+    std::string ReportXML(short Option, const std::string& Letter, int Viewer,
+                          const RowSet& ClassRows, const RowSet& ResultRows,
+                          const RowSet& CumulativeRows, std::string& Xml);
+    std::string ReportSeriesXML(long long ClassId, const RowSet& CumulativeRows, std::string& Xml);
+    std::string ReportEntries(int RaceId, short Option, RowSet& ClassRows,
+                              const std::string& Letter, std::string& Xml);
+    std::string ReportEntriesXML(short Option, const std::string& Letter, const RowSet& ClassRows,
+                                 const RowSet& EntryRows, std::string& Xml);
 
     std::unique_ptr<SQLite::Database> Cn;
     bool Connected_ = false;

@@ -1,0 +1,76 @@
+#include "reports/Charset.h"
+
+#include <iconv.h>
+
+#include <cerrno>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+namespace tb {
+
+namespace {
+
+class Converter {
+public:
+    Converter(const char* to, const char* from) : cd_(iconv_open(to, from)) {
+        if (cd_ == reinterpret_cast<iconv_t>(-1))
+            throw std::runtime_error(std::string("No conversion from ") + from + " to " + to);
+    }
+    ~Converter() { iconv_close(cd_); }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    // Converts all of in; false (with nothing converted) when the input cannot be converted.
+    bool Convert(const char* in, std::size_t size, std::string& out) {
+        iconv(cd_, nullptr, nullptr, nullptr, nullptr);
+        char* source = const_cast<char*>(in);
+        std::size_t left = size;
+        std::vector<char> buffer(size * 4 + 8);
+        char* target = buffer.data();
+        std::size_t room = buffer.size();
+        if (iconv(cd_, &source, &left, &target, &room) == static_cast<std::size_t>(-1))
+            return false;
+        out.append(buffer.data(), buffer.size() - room);
+        return true;
+    }
+
+private:
+    iconv_t cd_;
+};
+
+}  // namespace
+
+std::string EncodeWindows1252(std::string_view utf8) {
+    Converter toCodePoints("UTF-32LE", "UTF-8");
+    Converter toWindows("WINDOWS-1252", "UTF-32LE");
+    std::string encoded;
+    encoded.reserve(utf8.size());
+    std::size_t i = 0;
+    while (i < utf8.size()) {
+        const auto lead = static_cast<unsigned char>(utf8[i]);
+        if (lead < 0x80) {
+            encoded += utf8[i++];
+            continue;
+        }
+        const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+        std::string codePoint;
+        if (i + length > utf8.size() || !toCodePoints.Convert(utf8.data() + i, length, codePoint) ||
+            codePoint.size() != 4) {
+            // Not UTF-8 at all: the replacement character says so instead of garbling the page.
+            encoded += "&#65533;";
+            ++i;
+            continue;
+        }
+        if (!toWindows.Convert(codePoint.data(), codePoint.size(), encoded)) {
+            const auto* b = reinterpret_cast<const unsigned char*>(codePoint.data());
+            const unsigned long value =
+                b[0] | (b[1] << 8) | (b[2] << 16) | (static_cast<unsigned long>(b[3]) << 24);
+            encoded += "&#" + std::to_string(value) + ";";
+        }
+        i += length;
+    }
+    return encoded;
+}
+
+}  // namespace tb

@@ -1,0 +1,308 @@
+#include <libxml/parser.h>
+#include <libxslt/transform.h>
+#include <libxslt/variables.h>
+#include <libxslt/xslt.h>
+#include <libxslt/xsltInternals.h>
+#include <libxslt/xsltutils.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <vector>
+
+#include "app/Globals.h"
+#include "data/Conversions.h"
+#include "data/RunTimeFault.h"
+#include "data/clResults.h"
+#include "reports/Charset.h"
+#include "reports/ReportXmlRules.h"
+
+extern char** environ;
+
+namespace tb {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Writes the file (created or overwritten) with the text and a line end.
+void WriteReportFile(const std::string& path, const std::string& text) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (!file)
+        throw RunTimeFault(75, "Path/File access error: " + path);
+    file << text << kCrLf;
+    if (!file.flush())
+        throw RunTimeFault(61, "Disk full: " + path);
+}
+
+// ---- The XSL transform
+
+struct DocFree {
+    void operator()(xmlDoc* doc) const { xmlFreeDoc(doc); }
+};
+struct StylesheetFree {
+    void operator()(xsltStylesheet* sheet) const { xsltFreeStylesheet(sheet); }
+};
+struct ParserFree {
+    void operator()(xmlParserCtxt* ctxt) const { xmlFreeParserCtxt(ctxt); }
+};
+struct TransformFree {
+    void operator()(xsltTransformContext* ctxt) const { xsltFreeTransformContext(ctxt); }
+};
+using DocPtr = std::unique_ptr<xmlDoc, DocFree>;
+
+// The messages libxslt gives while compiling or running a style sheet, gathered for the user
+// rather than printed on the terminal.
+std::string& XsltMessages() {
+    static std::string messages;
+    return messages;
+}
+void GatherXsltMessage(void*, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    char buffer[1024];
+    std::vsnprintf(buffer, sizeof buffer, format, args);
+    va_end(args);
+    XsltMessages() += buffer;
+}
+
+std::string LineOf(const std::string& text, int line) {
+    std::istringstream lines(text);
+    std::string current;
+    for (int n = 1; std::getline(lines, current); ++n) {
+        if (n == line) {
+            if (!current.empty() && current.back() == '\r')
+                current.pop_back();
+            return current;
+        }
+    }
+    return {};
+}
+
+// Parses the text keeping every blank; on failure the message is "E-" + the parser's reason +
+// the source line it stopped at.
+DocPtr ParseKeepingBlanks(const std::string& text, const std::string& url, std::string& Msg) {
+    std::unique_ptr<xmlParserCtxt, ParserFree> ctxt(xmlNewParserCtxt());
+    if (!ctxt)
+        throw RunTimeFault(7, "Out of memory");
+    DocPtr doc(xmlCtxtReadMemory(ctxt.get(), text.data(), static_cast<int>(text.size()),
+                                 url.empty() ? nullptr : url.c_str(), nullptr,
+                                 XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
+    const xmlError* error = xmlCtxtGetLastError(ctxt.get());
+    if (!doc || (error != nullptr && error->code != XML_ERR_OK && error->level >= XML_ERR_ERROR)) {
+        const std::string reason = error != nullptr && error->message != nullptr
+                                       ? error->message
+                                       : "The text is not well-formed XML.\n";
+        Msg = "E-" + reason + LineOf(text, error != nullptr ? error->line : 0);
+        return nullptr;
+    }
+    return doc;
+}
+
+std::string ReadWholeFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw RunTimeFault(53, "File not found: " + path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// ---- Output objects: a program that takes the output file name and the paths of a file with
+// the HTML text and one with the XML text.
+
+std::string OutputObjectProgram(const std::string& name) {
+    const fs::path beside = fs::path(ProgramFolder()) / "OutputObjects" / name;
+    if (name.find('/') == std::string::npos && access(beside.c_str(), X_OK) == 0)
+        return beside.string();
+    return name;
+}
+
+class TemporaryFile {
+public:
+    TemporaryFile(const std::string& text, const char* suffix) {
+        std::string pattern = (fs::temp_directory_path() / "tallyboard-XXXXXX").string() + suffix;
+        const int fd =
+            mkstemps(pattern.data(), static_cast<int>(std::char_traits<char>::length(suffix)));
+        if (fd < 0)
+            throw RunTimeFault(75, "Path/File access error: " + pattern);
+        close(fd);
+        path_ = pattern;
+        std::ofstream file(path_, std::ios::binary | std::ios::trunc);
+        file << text;
+    }
+    ~TemporaryFile() {
+        std::error_code ec;
+        fs::remove(path_, ec);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+std::string RunOutputObject(const std::string& OutputObject, const std::string& OutputFile,
+                            const std::string& Html, const std::string& Xml) {
+    const TemporaryFile htmlFile(Html, ".htm");
+    const TemporaryFile xmlFile(Xml, ".xml");
+    const std::string program = OutputObjectProgram(OutputObject);
+    std::vector<std::string> args = {program, OutputFile, htmlFile.path(), xmlFile.path()};
+    std::vector<char*> argv;
+    for (auto& arg : args)
+        argv.push_back(arg.data());
+    argv.push_back(nullptr);
+    pid_t pid = 0;
+    if (posix_spawnp(&pid, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0)
+        return "E-Failed to create output object " + OutputObject;
+    int status = 0;
+    while (waitpid(pid, &status, 0) < 0) {
+        if (errno != EINTR)
+            return "E-Output object " + OutputObject + " process failed";
+    }
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return "E-Output object " + OutputObject + " process failed";
+    return {};
+}
+
+}  // namespace
+
+std::string clResults::XMLTransform(const std::string& Xml, const std::string& StyleSheetPath,
+                                    std::string& Output) {
+    return RunWriter("XMLTransform", [&] {
+        std::string Msg;
+        DocPtr sheetDoc = ParseKeepingBlanks(ReadWholeFile(StyleSheetPath), StyleSheetPath, Msg);
+        if (!Msg.empty())
+            return Msg;
+        XsltMessages().clear();
+        xsltSetGenericErrorFunc(nullptr, GatherXsltMessage);
+        std::unique_ptr<xsltStylesheet, StylesheetFree> sheet(
+            xsltParseStylesheetDoc(sheetDoc.get()));
+        if (!sheet)
+            return "E-" + XsltMessages();
+        sheetDoc.release();  // the style sheet owns its document now
+
+        DocPtr report = ParseKeepingBlanks(Xml, {}, Msg);
+        if (!Msg.empty())
+            return Msg;
+        std::unique_ptr<xsltTransformContext, TransformFree> run(
+            xsltNewTransformContext(sheet.get(), report.get()));
+        if (!run)
+            throw RunTimeFault(7, "Out of memory");
+        const std::string progPath = ProgramFolder() + "/";
+        xsltQuoteOneUserParam(run.get(), reinterpret_cast<const xmlChar*>("ProgPath"),
+                              reinterpret_cast<const xmlChar*>(progPath.c_str()));
+        DocPtr result(xsltApplyStylesheetUser(sheet.get(), report.get(), nullptr, nullptr, nullptr,
+                                              run.get()));
+        if (!result || run->state != XSLT_STATE_OK)
+            throw RunTimeFault(51, "The style sheet failed: " + XsltMessages());
+        xmlChar* text = nullptr;
+        int length = 0;
+        if (xsltSaveResultToString(&text, &length, result.get(), sheet.get()) != 0)
+            throw RunTimeFault(51, "The transformed report could not be written out");
+        Output.assign(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+        xmlFree(text);
+        return std::string();
+    });
+}
+
+std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, int RaceId,
+                                    std::string& OutputPath) {
+    return RunWriter("CreateReport", [&] {
+        if (KindIndex < 0 || KindIndex > 5)
+            throw RunTimeFault(9, "Subscript out of range");
+        const ReportSection& section = ReportMenu_[static_cast<std::size_t>(KindIndex)];
+        if (ActionIndex < 0 || static_cast<std::size_t>(ActionIndex) >= section.Actions.size())
+            throw RunTimeFault(9, "Subscript out of range");
+        const ReportAction& action = section.Actions[static_cast<std::size_t>(ActionIndex)];
+        const std::string Letter(1, kReportLetters[KindIndex]);
+        const short Option = action.Option;
+
+        // Gather the data.
+        RowSet ClassRows;
+        RowSet Problems(6, 1);
+        std::string Xml;
+        std::string Msg;
+        if (Letter == "A" || Letter == "C" || Letter == "E") {
+            Msg = ReportEntries(RaceId, Option, ClassRows, Letter, Xml);
+        } else {
+            RowSet ResultRows;
+            RowSet CumulativeRows;
+            RowSet SeriesPointsRows;
+            Msg = ComputeResultTimes(RaceId, Problems);
+            if (Msg.empty())
+                Msg = ComputePoints(RaceId, Option);
+            if (Msg.empty())
+                Msg = GetRaceResults(RaceId, Option, ClassRows, ResultRows);
+            if (Msg.empty() && Letter != "R")
+                Msg = ComputeSeriesPoints(RaceId, Option, SeriesPointsRows);
+            if (Msg.empty() && Letter != "R")
+                Msg = GetCumulativeResults(RaceId, Option, CumulativeRows);
+            if (Msg.empty()) {
+                Msg = ReportRaceResults(Option, Letter, Viewer, ClassRows, ResultRows,
+                                        CumulativeRows, SeriesPointsRows, Xml);
+            }
+        }
+        if (!Msg.empty())
+            return Msg;
+
+        // The year folder and the report's path.
+        const Value& raceDate = ClassRows(6, 0);
+        const std::string month = Format(raceDate, "mm");
+        const std::string day = Format(raceDate, "dd");
+        const std::string folder = ReportPath + Format(raceDate, "yyyy") + "/";
+        fs::create_directories(folder);
+        std::string reportPath;
+        if (action.OutputFile.find('/') != std::string::npos) {
+            reportPath = action.OutputFile;
+        } else if (!action.OutputFile.empty()) {
+            reportPath = folder + action.OutputFile;
+        } else {
+            reportPath = folder + month + day + "_" + Format(ClassRows(7, 0), "hhmm") + "_" +
+                         std::to_string(Option) + Letter +
+                         (action.StyleSheet.empty() ? ".xml" : ".htm");
+        }
+
+        // Unsettled handicaps: the problem report, linking to the results, is what is shown.
+        const bool problems = !Problems(0, 0).IsNull();
+        if (!problems) {
+            OutputPath = reportPath;
+        } else {
+            std::string problemHtml;
+            Msg = ReportProblemsHTML(reportPath, ClassRows, Problems, problemHtml);
+            if (!Msg.empty())
+                return Msg;
+            const std::string problemPath = folder + month + day + "_Problem.htm";
+            WriteReportFile(problemPath, EncodeWindows1252(problemHtml));
+            OutputPath = problemPath;
+        }
+
+        const std::string sheetPath = ReportPath + action.StyleSheet;
+        if (!fs::exists(sheetPath))
+            return "E-File " + sheetPath + " was not found";
+        std::string Html;
+        if (!action.StyleSheet.empty()) {
+            Msg = XMLTransform(Xml, sheetPath, Html);
+            if (!Msg.empty())
+                return Msg;
+        }
+
+        if (!action.OutputObject.empty()) {
+            if (!problems)
+                return RunOutputObject(action.OutputObject, action.OutputFile, Html, Xml);
+        } else {
+            WriteReportFile(reportPath, action.StyleSheet.empty() ? Xml : Html);
+        }
+        return std::string();
+    });
+}
+
+}  // namespace tb

@@ -1,0 +1,69 @@
+#include "data/Conversions.h"
+#include "data/clResults.h"
+#include "reports/ReportXmlRules.h"
+
+namespace tb {
+
+namespace {
+
+std::string ProblemStyleBlock() {
+    constexpr const char* lines[] = {
+        "<STYLE TYPE='text/css'>",
+        "<!--",
+        "BODY, TD, TH {background-color: #F2EFEC;color: #003366;font-family: Verdana, Arial; "
+        "font-size: 10pt; margin: 0pt;padding: 0px} ",
+        "P {font-family:  Arial, Verdana; margin: 0pt; padding: 0px}",
+        ".CHR {color: #003f72; font-family: Arial, Verdana, Sans-Serif;font-size: 10pt; margin: "
+        "0pt; padding: 1pt}",
+        ".CBR {color: #003f72; font-family: Arial, Verdana, Sans-Serif; font-size: 9pt; margin: "
+        "0pt; padding-left: 1pt}",
+        ".CBS {background-color: #F2EFEC; color: #003366; font-size: 10pt; padding: 1pt; "
+        "padding-right: 0pt; padding-top: 2pt}",
+        ".LinkStyleSans {TEXT-ALIGN: center; COLOR: blue; TEXT-DECORATION: none; FONT-WEIGHT: "
+        "bold}",
+        ".vsmall {FONT-SIZE: 6pt; PADDING: 0pt; MARGIN: 0px; COLOR: #f2efec}",
+        ".ClassCell {PADDING-RIGHT: 0pt; PADDING-LEFT: 1pt; PADDING-BOTTOM: 0pt; PADDING-TOP: 0pt; "
+        "MARGIN: 0pt; FONT-FAMILY: Arial, Verdana; FONT-SIZE: 10pt}",
+        "SELECT {FONT-SIZE: 10pt}",
+        "#idr {TEXT-ALIGN: right} #idl {TEXT-ALIGN: left} #idf {TEXT-ALIGN: justify} #idc "
+        "{TEXT-ALIGN: center}",
+        "--></STYLE>",
+    };
+    std::string block;
+    for (const char* line : lines) {
+        if (!block.empty())
+            block += kCrLf;
+        block += line;
+    }
+    return block;
+}
+
+}  // namespace
+
+std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
+                                          const RowSet& Problems, std::string& Html) {
+    return RunWriter("ReportProblemsHTML", [&] {
+        const std::string crlf = kCrLf;
+        Html = "<HEAD>" + crlf +
+               R"(<META HTTP-EQUIV="Content-Type" CONTENT="text/html; charset=windows-1252">)" +
+               crlf + "<TITLE>" + ToText(ClassRows(3, 0)) + "&nbsp;" + ToText(ClassRows(5, 0)) +
+               "</TITLE>" + crlf + ProblemStyleBlock() + crlf + "</HEAD>" + crlf +
+               "<BODY><P CLASS=CBS ID=idc>&nbsp;</P>" + crlf +
+               "<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>" + crlf;
+        for (std::size_t k = 0; k < Problems.Rows(); ++k) {
+            const std::string boat = ToText(Problems(1, k));
+            if (Problems(5, k).AsInt() == 0) {
+                Html += "<P>" + boat + " is not entered in a specific class</P>";
+            } else {
+                Html += "<P>" + boat + " has " + ToText(Problems(2, k)) + " active " +
+                        ToText(Problems(3, k)) + " handicaps on " + ToText(Problems(4, k)) +
+                        "</P>" + crlf;
+            }
+        }
+        Html += "<P>&nbsp;</P><P><A HREF='" + ResultsFile +
+                "'>View results</A></P></DIV></BODY></HTML>" + crlf;
+        return std::string();
+    });
+}
+
+}  // namespace tb

@@ -1,0 +1,105 @@
+#include "reports/ReportXmlRules.h"
+
+#include <cmath>
+
+#include "data/Conversions.h"
+#include "data/Messages.h"
+
+namespace tb {
+
+std::string AttributeValue(Value& value) {
+    if (value.IsNull())
+        value = Value(std::string());
+    return AttributeValue(static_cast<const Value&>(value));
+}
+
+std::string AttributeValue(const Value& value) {
+    const std::string text = ToText(value);
+    std::string quoted = "\"";
+    quoted.reserve(text.size() + 2);
+    for (char c : text) {
+        switch (c) {
+            case '&':
+            case '"':
+            case '<':
+            case '>':
+                quoted += "&#" + std::to_string(static_cast<int>(c)) + ";";
+                break;
+            default:
+                quoted += c;
+        }
+    }
+    return quoted + "\"";
+}
+
+std::string ReportTypeOf(const std::string& Letter) {
+    if (Letter == "A")
+        return "EntryListBySailNo";
+    if (Letter == "C")
+        return "ClassSheet";
+    if (Letter == "E")
+        return "EntryListByHandicap";
+    if (Letter == "B")
+        return "CombinedResults";
+    if (Letter == "R")
+        return "RaceResults";
+    if (Letter == "S")
+        return "SeriesResults";
+    return {};
+}
+
+std::string HeaderAttributes(short Option, const std::string& Letter) {
+    const DateTime now = Now();
+    std::string entrants;
+    switch (Option) {
+        case 0:
+            entrants = "Series";
+            break;
+        case 1:
+            entrants = "SubSeries";
+            break;
+        case 2:
+            entrants = "All";
+            break;
+        default:
+            break;
+    }
+    return " ReportDate=\"" + FormatDate(now, "dd mmm yyyy") + "\" ReportTime=\"" +
+           FormatDate(now, "hh:mm") + "\" ReportType=\"" + ReportTypeOf(Letter) + "\" Entrants=\"" +
+           entrants + "\">";
+}
+
+std::string ClassLink(const std::string& ClassName) {
+    if (ClassName.size() < 7)
+        return {};
+    const char seventh = ClassName[6];
+    if (seventh >= '1' && seventh <= '4')
+        return std::string("class") + seventh;
+    if (seventh == 'u')
+        return "classmultihulls";
+    return {};
+}
+
+void AppendPenaltyNote(const Value& Penalty, const std::string& Unit, std::string& Note) {
+    if (Penalty.IsNull() || Penalty.AsDouble() == 0)
+        return;
+    if (!Note.empty())
+        Note += ' ';
+    std::string text = FormatNumber(Penalty.AsDouble(), "+0.00; -0.00");
+    if (text.ends_with('0'))
+        text.pop_back();
+    if (text.ends_with(".0"))
+        text.resize(text.size() - 2);
+    Note += text + Unit;
+}
+
+std::string RunWriter(const char* location, const std::function<std::string()>& body) {
+    try {
+        return body();
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        return ErrorText({}, location, &pending);
+    }
+}
+
+}  // namespace tb

@@ -1,0 +1,174 @@
+#include <cmath>
+
+#include "data/Conversions.h"
+#include "data/clResults.h"
+#include "reports/ReportXmlRules.h"
+
+namespace tb {
+
+namespace {
+
+// The class's number of discards in effect; a class the series computation did not list has none.
+long long DiscardsOfClass(const RowSet& SeriesPointsRows, const Value& classId) {
+    for (std::size_t r = 0; !SeriesPointsRows.IsEmpty() && r < SeriesPointsRows.Rows(); ++r) {
+        if (SeriesPointsRows(1, r) == classId)
+            return SeriesPointsRows(0, r).AsInt();
+    }
+    return 0;
+}
+
+std::string Attribute(const char* name, const Value& value) {
+    return std::string(" ") + name + "=" + AttributeValue(value);
+}
+
+std::string ResultElement(const RowSet& rows, std::size_t j) {
+    std::string notes;
+    AppendPenaltyNote(rows(13, j), "min", notes);
+    AppendPenaltyNote(rows(14, j), "%", notes);
+    AppendPenaltyNote(rows(15, j), "pl", notes);
+    const std::string status = ToText(rows(10, j));
+    if (!status.empty())
+        notes = status + " " + notes;
+    const std::string note = ToText(rows(12, j));
+    if (!note.empty())
+        notes = notes + " " + note;
+    const Value points(std::fabs(rows(9, j).AsDouble()));
+
+    return "<Result BoatName= " + AttributeValue(rows(2, j)) + Attribute("BoatType", rows(16, j)) +
+           Attribute("SailNo", rows(3, j)) + Attribute("Skipper", rows(4, j)) +
+           Attribute("TCF", Value(Format(rows(5, j), "0.000"))) +
+           Attribute("Finish", Value(Format(rows(6, j), "dd mmm yyyy hh:nn:ss"))) +
+           Attribute("Elapsed", rows(7, j)) + Attribute("Corrected", rows(8, j)) +
+           Attribute("Position", rows(11, j)) + Attribute("Points", points) +
+           Attribute("Status", rows(10, j)) + Attribute("Notes", Value(notes)) + "/>" + kCrLf;
+}
+
+}  // namespace
+
+std::string clResults::ReportRaceResults(short Option, const std::string& Letter, int Viewer,
+                                         RowSet& ClassRows, const RowSet& ResultRows,
+                                         const RowSet& CumulativeRows,
+                                         const RowSet& SeriesPointsRows, std::string& Xml) {
+    return RunWriter("ReportRaceResults", [&] {
+        for (std::size_t i = 0; i < ClassRows.Rows(); ++i) {
+            Value& title = ClassRows(4, i);
+            Value& subTitle = ClassRows(15, i);
+            switch (Option) {
+                case 0:
+                    title = Value("Series entrants");
+                    subTitle = Value("Series entrants overall results");
+                    break;
+                case 1:
+                    if (i == 0 && ToText(title).empty())
+                        title = Value("Subseries");
+                    if (i > 0)
+                        title = ClassRows(4, 0);
+                    subTitle = Value(ToText(ClassRows(4, 0)) + " points overall");
+                    break;
+                default:
+                    title = Value(std::string());
+                    subTitle = Value("Points overall");
+                    break;
+            }
+            const bool discarding = DiscardsOfClass(SeriesPointsRows, ClassRows(0, i)) > 0;
+            if (Letter == "B" && discarding)
+                subTitle = Value(ToText(subTitle) + " - discards marked *");
+            if (Letter == "S") {
+                const std::string text = ToText(title);
+                title = Value(text + (text.empty() ? " Points overall" : " points overall"));
+                if (discarding)
+                    title = Value(ToText(title) + " - discards marked *");
+            }
+            if (Letter != "B")
+                subTitle = Value(std::string());
+        }
+        return ReportXML(Option, Letter, Viewer, ClassRows, ResultRows, CumulativeRows, Xml);
+    });
+}
+
+std::string clResults::ReportXML(short Option, const std::string& Letter, int Viewer,
+                                 const RowSet& ClassRows, const RowSet& ResultRows,
+                                 const RowSet& CumulativeRows, std::string& Xml) {
+    return RunWriter("ReportXML", [&] {
+        std::string Msg;
+        Xml = std::string(kXmlDeclaration) + kCrLf + "<RaceResults" +
+              Attribute("Organisation", ClassRows(9, 0)) + Attribute("Series", ClassRows(3, 0)) +
+              Attribute("Race", ClassRows(5, 0)) + Attribute("RaceId", ClassRows(14, 0)) +
+              Attribute("Year", Value(Format(ClassRows(6, 0), "yyyy"))) +
+              Attribute("ScheduleDate", Value(Format(ClassRows(6, 0), "dd mmm yyyy"))) +
+              Attribute("Mode", Value(Viewer)) + HeaderAttributes(Option, Letter);
+
+        for (std::size_t i = 0; i < ClassRows.Rows(); ++i) {
+            const Value& classId = ClassRows(0, i);
+            const Value& started = ClassRows(7, i);
+            const std::string className = ToText(ClassRows(8, i));
+            Xml += "<ClassResults" + Attribute("StartDate", Value(Format(started, "dd mmm yyyy"))) +
+                   Attribute("StartTime", Value(Format(started, "hh:mm"))) +
+                   Attribute("Class", ClassRows(8, i)) + Attribute("ClassId", classId) +
+                   Attribute("href", Value(ClassLink(className))) +
+                   Attribute("Title", ClassRows(4, i)) + Attribute("SubTitle", ClassRows(15, i)) +
+                   Attribute("Comment", ClassRows(11, i)) + ">";
+
+            // A class whose standings failed stops the standings of every later class too.
+            if (Letter != "R" && Msg.empty()) {
+                std::string standings;
+                Msg = ReportSeriesXML(classId.AsInt(), CumulativeRows, standings);
+                if (Msg.empty())
+                    Xml += standings;
+            }
+            if (Letter != "S" && !ToText(started).empty()) {
+                for (std::size_t j = 0; !ResultRows.IsEmpty() && j < ResultRows.Rows(); ++j) {
+                    if (ResultRows(1, j) == classId)
+                        Xml += ResultElement(ResultRows, j);
+                }
+            }
+            Xml += "<ClassFootNote>" + ToText(ClassRows(12, i)) + "</ClassFootNote>" + kCrLf +
+                   "</ClassResults>" + kCrLf;
+        }
+        Xml += "<RaceFootNote></RaceFootNote></RaceResults>";
+        return Msg;
+    });
+}
+
+std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& CumulativeRows,
+                                       std::string& Xml) {
+    return RunWriter("ReportSeriesXML", [&] {
+        std::string races;
+        std::string standings;
+        long long currentBoat = 0;
+        int boatsSeen = 0;
+        for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
+            if (CumulativeRows(0, r).AsInt() != ClassId)
+                continue;
+            const long long boat = CumulativeRows(2, r).AsInt();
+            if (boat != currentBoat) {
+                if (currentBoat > 0)
+                    standings += std::string("</SeriesResult>") + kCrLf;
+                // Totals carry a tiny tie-break fraction: within 0.1 of a whole number they
+                // read as that number.
+                const double total = CumulativeRows(8, r).AsDouble();
+                const double whole = RoundHalfEven(total);
+                const std::string points = std::fabs(total - whole) > 0.1
+                                               ? FormatNumber(total, "0.0")
+                                               : NumberToText(whole);
+                standings += "<SeriesResult BoatName=" + AttributeValue(CumulativeRows(3, r)) +
+                             " SailNo=" + AttributeValue(CumulativeRows(4, r)) +
+                             " Position=" + AttributeValue(CumulativeRows(9, r)) +
+                             " Points=" + AttributeValue(Value(points)) + ">" + kCrLf;
+                currentBoat = boat;
+                ++boatsSeen;
+            }
+            standings += "<Score Pts=" + AttributeValue(CumulativeRows(7, r)) + "/>" + kCrLf;
+            if (boatsSeen == 1) {
+                races += "<Race Date=" + AttributeValue(CumulativeRows(5, r)) +
+                         " Name=" + AttributeValue(CumulativeRows(6, r)) + "/>" + kCrLf;
+            }
+        }
+        if (currentBoat > 0)
+            standings += std::string("</SeriesResult>") + kCrLf;
+        Xml = races + standings;
+        return std::string();
+    });
+}
+
+}  // namespace tb
