@@ -4,6 +4,7 @@
 // success) and hands its other results back through reference arguments; nothing throws past an
 // operation. Each operation is defined in the folder of the subsystem that owns its tables.
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -43,9 +44,53 @@ public:
     const ReportMenuTable& ReportMenu() const { return ReportMenu_; }
 
     // ---- Boats, models and handicaps
+    std::string GetBoats(RowSet& Boats);
+    std::string GetModels(RowSet& Models);
+    std::string GetHandicapTypes(RowSet& Types);
+    std::string GetHandicaps(int BoatId, RowSet& Handicaps);
+    std::string GetSeriesForBoat(int BoatId, RowSet& Series);
+    std::string GetBoatsOfModel(int ModelId, RowSet& Boats);
+    std::string GetBoatsOwned(int PersonId, RowSet& Boats);
+    std::string FindBoat(const std::string& FullSailNo, RowSet& Boats);
+    std::string GetBoatsUsingHandicap(int HandicapTypeId, RowSet& Boats);
+    std::string GetClassesUsingHandicap(int HandicapTypeId, RowSet& Classes);
+    std::string GetSeriesUsingHandicap(int HandicapTypeId, RowSet& Series);
     std::string GetBoatDetails(int Id, RowSet& Detail);
+    std::string GetModelDetails(int Id, RowSet& Detail);
+    // Id 0 or above reads that handicap (an empty row when there is none); a negative Id reads
+    // handicap -Id as the template of a revision. Both 0 and negative Ids give a period from
+    // today to the end of the year.
+    std::string GetHandicapDetail(int Id, RowSet& Detail);
+    // Id 0 adds a boat; the new Id comes back in Id.
+    std::string PutBoatDetails(int& Id, const std::string& BoatName, const std::string& FullSailNo,
+                               int BoatType, int Owner);
+    // Id -1 adds a model; the new Id comes back in Id.
+    std::string PutModelDetails(int& Id, const std::string& Model, double LOA, double Draft);
+    // Id above 0 edits that handicap; otherwise a handicap is added, and a negative Id also ends
+    // handicap -Id the day before the new one starts. Expires empty is open-ended.
+    std::string PutHandicapDetails(int Id, int Boat, short HandicapType,
+                                   const std::string& Handicap, const std::string& EffectiveFrom,
+                                   const std::string& Expires);
+    std::string RemoveBoat(int Id);
+    std::string RemoveModel(int Id);
+    std::string RemoveHandicapType(int Id);
 
     // ---- People
+    std::string GetPeople(RowSet& People);
+    std::string GetPersonDetails(int Id, RowSet& Detail);
+    std::string GetSeriesForPerson(int PersonId, RowSet& Series);
+    // Both finds give one row with an empty Id when nobody matches.
+    std::string FindName(const std::string& Firstname, const std::string& Lastname, RowSet& People);
+    std::string FindPerson(const std::string& LastnameStart, RowSet& People);
+    // Id 0 adds a person; the new Id comes back in Id.
+    std::string PutPersonalDetails(int& Id, const std::string& Title, const std::string& Firstname,
+                                   const std::string& Lastname, const std::string& Address1,
+                                   const std::string& Address2, const std::string& City,
+                                   const std::string& Postcode, const std::string& Country,
+                                   const std::string& TelNo, const std::string& FaxNo,
+                                   const std::string& DayTelNo, const std::string& MobileNo,
+                                   bool ClubMember, const std::string& EmailAddress);
+    std::string RemovePerson(int Id);
 
     // ---- Series and class splits
     std::string GetSeriesDetails(int SeriesId, RowSet& Rows);
@@ -94,6 +139,25 @@ public:
     // ---- Result recording
 
     // ---- Scoring and discard systems
+    // Points values as typed: places 1 to 7, then the values of the DNF/DNS/OCS/RAF,
+    // BFD/DNE/DSQ and DNC groups, then the minimums of the same three groups.
+    using ScoringValues = std::array<std::string, 13>;
+    // Discard lines field first: [0][line] races run, [1][line] discards; blank is Null.
+    using DiscardLines = std::array<std::array<std::string, 5>, 2>;
+    std::string GetScoring(RowSet& Systems);
+    std::string GetDiscards(RowSet& Systems);
+    std::string GetScoringDetail(int ScoringId, RowSet& Points);
+    std::string GetDiscardDetail(int DiscardId, RowSet& Lines);
+    std::string GetSeriesUsingScoring(int ScoringId, RowSet& Series);
+    std::string GetSeriesUsingDiscard(int DiscardId, RowSet& Series);
+    // Saves a scoring system and a discard system together. An Id that is no existing system
+    // adds one; the Ids passed in are not changed.
+    std::string PutScoring(int ScoringId, const std::string& ScoringName, int DiscardId,
+                           const std::string& DiscardName, short BaseDNF, short BaseDSQ,
+                           short BaseDNC, const ScoringValues& Values,
+                           const DiscardLines& Discards);
+    std::string RemoveScoring(int ScoringId);
+    std::string RemoveDiscardSystem(int DiscardId);
 
     // ---- Elapsed and corrected times
     std::string ComputeResultTimes(int RaceId, RowSet& Problems);

@@ -1,0 +1,306 @@
+// The boat register: boats with their sail numbers, models, handicap systems and handicaps.
+
+#include <gtest/gtest.h>
+
+#include "data/Conversions.h"
+#include "data/clResults.h"
+#include "support/TestDatabase.h"
+
+namespace tb {
+namespace {
+
+bool IsRunTimeError(const std::string& Msg, const std::string& location) {
+    return Msg.rfind("C-Error ", 0) == 0 && Msg.find(" in " + location + "\r") != std::string::npos;
+}
+
+class BoatsTest : public ::testing::Test {
+protected:
+    int AddBoat(const std::string& name, const std::string& sailNo, int model = 0) {
+        int id = 0;
+        EXPECT_EQ(results.PutBoatDetails(id, name, sailNo, model, 0), "");
+        return id;
+    }
+    int AddModel(const std::string& model) {
+        int id = -1;
+        EXPECT_EQ(results.PutModelDetails(id, model, 4.2, 0.8), "");
+        return id;
+    }
+    int AddHandicapType(const std::string& description) {
+        db.Exec("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
+        return static_cast<int>(db.raw().getLastInsertRowid());
+    }
+    int AddHandicap(int boat, int type, const std::string& tcf, const std::string& from,
+                    const std::string& expires = "") {
+        EXPECT_EQ(results.PutHandicapDetails(0, boat, static_cast<short>(type), tcf, from, expires),
+                  "");
+        return static_cast<int>(db.raw().getLastInsertRowid());
+    }
+    std::string Stamp() {
+        return db.Text("SELECT Value FROM Settings WHERE Parameter='LastModified'");
+    }
+
+    test::TestDatabase db;
+    clResults results;
+};
+
+TEST_F(BoatsTest, SailNumberSortsByItsDigitsWhereverTheyStand) {
+    const struct {
+        const char* typed;
+        long long sailNo;
+    } cases[] = {
+        {"GBR 1234", 1234}, {"1234", 1234}, {"12-34", 1234}, {"K 1 2", 12},
+        {"Mirror", 0},      {"", 0},        {"007", 7},      {"GBR 2147483647", 2147483647}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed);
+        const int id = AddBoat("Boat", c.typed);
+        EXPECT_EQ(db.Text("SELECT SailNo FROM Boat WHERE Id=" + std::to_string(id)),
+                  std::to_string(c.sailNo));
+        EXPECT_EQ(db.Text("SELECT FullSailNo FROM Boat WHERE Id=" + std::to_string(id)), c.typed);
+    }
+}
+
+TEST_F(BoatsTest, SailNumberBeyondALongIntegerStoresNothing) {
+    const int kept = AddBoat("Kept", "GBR 1");
+    for (int id : {0, kept}) {
+        SCOPED_TRACE(id);
+        int requested = id;
+        const std::string Msg =
+            results.PutBoatDetails(requested, "Too long", "GBR 2147483648", 0, 0);
+        EXPECT_TRUE(IsRunTimeError(Msg, "PutBoatDetails")) << Msg;
+        EXPECT_NE(Msg.find("Overflow"), std::string::npos) << Msg;
+        EXPECT_EQ(requested, id);
+        EXPECT_EQ(db.Count("Boat"), 1);
+        EXPECT_EQ(db.Text("SELECT BoatName FROM Boat"), "Kept");
+    }
+}
+
+TEST_F(BoatsTest, StoreAddsThenEditsTheSameRowAndStampsTheChange) {
+    int id = 0;
+    ASSERT_EQ(results.PutBoatDetails(id, "Swift", "GBR 7", 0, 3), "");
+    EXPECT_GT(id, 0);
+    EXPECT_NE(Stamp(), "<no row>");
+    const int first = id;
+    ASSERT_EQ(results.PutBoatDetails(id, "Swifter", "GBR 8", 0, 3), "");
+    EXPECT_EQ(id, first);
+    RowSet detail;
+    ASSERT_EQ(results.GetBoatDetails(id, detail), "");
+    EXPECT_EQ(detail(0, 0).ToText(), "Swifter");
+    EXPECT_EQ(db.Count("Boat"), 1);
+
+    int missing = first + 10;
+    EXPECT_TRUE(
+        IsRunTimeError(results.PutBoatDetails(missing, "Ghost", "1", 0, 0), "PutBoatDetails"));
+    EXPECT_TRUE(IsRunTimeError(results.GetBoatDetails(missing, detail), "GetBoatDetails"));
+    EXPECT_EQ(db.Count("Boat"), 1);
+}
+
+TEST_F(BoatsTest, BoatsListKeepsBoatsWithoutAModelAndSortsSailNumbersAsNumbers) {
+    const int laser = AddModel("Laser");
+    const int gone = AddModel("Wayfarer");
+    AddBoat("Bravo", "GBR 200", laser);
+    AddBoat("Bravo", "GBR 30", laser);
+    AddBoat("Alpha", "1", laser);
+    AddBoat("alpha", "2", gone);
+    AddBoat("Alpha", "3", 0);
+    ASSERT_EQ(results.RemoveModel(gone), "");
+    RowSet boats;
+    ASSERT_EQ(results.GetBoats(boats), "");
+    ASSERT_EQ(boats.Rows(), 5u);
+    ASSERT_EQ(boats.Columns(), 5u);
+    const char* sailNos[] = {"2", "3", "1", "GBR 30", "GBR 200"};
+    for (std::size_t r = 0; r < 5; ++r)
+        EXPECT_EQ(boats(3, r).ToText(), sailNos[r]) << r;
+    EXPECT_TRUE(boats(2, 0).IsNull());
+    EXPECT_TRUE(boats(2, 1).IsNull());
+    EXPECT_EQ(boats(2, 2).ToText(), "Laser");
+}
+
+TEST_F(BoatsTest, FindBoatComparesTheWholeSailNumberAndTakesApostrophes) {
+    const int quoted = AddBoat("Quoted", "O'DAY 7");
+    const int plain = AddBoat("Plain", "GBR1234");
+    const struct {
+        const char* sailNo;
+        int found;
+    } cases[] = {{"O'DAY 7", quoted}, {"o'day 7", quoted}, {"GBR1234", plain},
+                 {"gbr1234", plain},  {"GBR 1234", 0},     {"GBR123", 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.sailNo);
+        RowSet boats;
+        ASSERT_EQ(results.FindBoat(c.sailNo, boats), "");
+        if (c.found == 0) {
+            EXPECT_TRUE(boats.IsEmpty());
+        } else {
+            ASSERT_EQ(boats.Rows(), 1u);
+            EXPECT_EQ(boats(0, 0).AsInt(), c.found);
+        }
+    }
+}
+
+TEST_F(BoatsTest, ModelsAreAddedWithMinusOneAndZeroIsNoModel) {
+    RowSet models;
+    ASSERT_EQ(results.GetModels(models), "");
+    EXPECT_TRUE(models.IsEmpty());
+
+    int zero = 0;
+    EXPECT_TRUE(
+        IsRunTimeError(results.PutModelDetails(zero, "Topper", 3.4, 0.2), "PutModelDetails"));
+    EXPECT_EQ(zero, 0);
+    EXPECT_EQ(db.Count("BoatType"), 0);
+
+    int id = -1;
+    ASSERT_EQ(results.PutModelDetails(id, "Topper", 3.4, 0.2), "");
+    EXPECT_GT(id, 0);
+    const int first = id;
+    ASSERT_EQ(results.PutModelDetails(id, "Topper 2", 3.5, 0), "");
+    EXPECT_EQ(id, first);
+    RowSet detail;
+    ASSERT_EQ(results.GetModelDetails(id, detail), "");
+    EXPECT_EQ(detail(0, 0).ToText(), "Topper 2");
+    EXPECT_EQ(detail(1, 0).AsDouble(), 3.5);
+    EXPECT_TRUE(IsRunTimeError(results.GetModelDetails(first + 1, detail), "GetModelDetails"));
+}
+
+TEST_F(BoatsTest, NewAndRevisedHandicapsStartTodayAndEndWithTheYear) {
+    const DateTime today = Today();
+    const DateTime yearEnd = MakeDateTime(YearOf(today), 12, 31);
+    const int boat = AddBoat("Swift", "1");
+    const int irc = AddHandicapType("IRC");
+    const int stored = AddHandicap(boat, irc, "0.985", "01/04/2009", "31/03/2010");
+
+    RowSet detail;
+    ASSERT_EQ(results.GetHandicapDetail(0, detail), "");
+    ASSERT_EQ(detail.Columns(), 4u);
+    EXPECT_TRUE(detail(0, 0).IsNull());
+    EXPECT_TRUE(detail(1, 0).IsNull());
+    EXPECT_EQ(detail(2, 0).AsDate(), today);
+    EXPECT_EQ(detail(3, 0).AsDate(), yearEnd);
+
+    ASSERT_EQ(results.GetHandicapDetail(-stored, detail), "");
+    EXPECT_EQ(detail(0, 0).AsInt(), irc);
+    EXPECT_EQ(detail(1, 0).AsDouble(), 0.985);
+    EXPECT_EQ(detail(2, 0).AsDate(), today);
+    EXPECT_EQ(detail(3, 0).AsDate(), yearEnd);
+
+    ASSERT_EQ(results.GetHandicapDetail(stored, detail), "");
+    EXPECT_EQ(detail(2, 0).AsDate(), MakeDateTime(2009, 4, 1));
+    EXPECT_EQ(detail(3, 0).AsDate(), MakeDateTime(2010, 3, 31));
+}
+
+TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBefore) {
+    const int boat = AddBoat("Swift", "1");
+    const int irc = AddHandicapType("IRC");
+    const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
+    EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)), "");
+
+    ASSERT_EQ(
+        results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
+        "");
+    EXPECT_EQ(db.Count("Handicap"), 2);
+    EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)),
+              "2010-03-31 00:00:00");
+    EXPECT_EQ(db.Text("SELECT Handicap FROM Handicap WHERE Id=" + std::to_string(old)), "0.985");
+    EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
+              "2010-04-01 00:00:00");
+    EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
+
+    RowSet handicaps;
+    ASSERT_EQ(results.GetHandicaps(boat, handicaps), "");
+    ASSERT_EQ(handicaps.Rows(), 2u);
+    EXPECT_EQ(handicaps(2, 0).AsDouble(), 0.990);  // newest period first
+    EXPECT_TRUE(handicaps(4, 0).IsNull());
+    EXPECT_EQ(handicaps(1, 1).ToText(), "IRC");
+}
+
+TEST_F(BoatsTest, HandicapThatDoesNotConvertStoresNothing) {
+    const int boat = AddBoat("Swift", "1");
+    const int irc = AddHandicapType("IRC");
+    const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
+    const struct {
+        int id;
+        const char* tcf;
+        const char* from;
+        const char* expires;
+    } cases[] = {{0, "0,985", "01/04/2010", ""},
+                 {0, "fast", "01/04/2010", ""},
+                 {-old, "0.99", "31/02/2010", ""},
+                 {-old, "0.99", "01/04/2010", "soon"},
+                 {old, "0.99", "", ""},
+                 {-(old + 5), "0.99", "01/04/2010", ""},
+                 {old + 5, "0.99", "01/04/2010", ""}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.tcf) + " " + c.from + " " + c.expires);
+        EXPECT_TRUE(IsRunTimeError(results.PutHandicapDetails(c.id, boat, static_cast<short>(irc),
+                                                              c.tcf, c.from, c.expires),
+                                   "PutHandicapDetails"));
+        EXPECT_EQ(db.Count("Handicap"), 1);
+        EXPECT_EQ(db.Count("Handicap", "Expires IS NULL AND Handicap=0.985"), 1);
+    }
+}
+
+TEST_F(BoatsTest, RemovingABoatTakesItsHandicapsOnly) {
+    const int irc = AddHandicapType("IRC");
+    const int boat = AddBoat("Swift", "1");
+    const int other = AddBoat("Other", "2");
+    for (const char* from : {"01/01/2008", "01/01/2009", "01/01/2010"})
+        AddHandicap(boat, irc, "1.0", from);
+    AddHandicap(other, irc, "1.0", "01/01/2010");
+    ASSERT_EQ(results.RemoveBoat(boat), "");
+    EXPECT_EQ(db.Count("Boat"), 1);
+    EXPECT_EQ(db.Count("Handicap"), 1);
+    EXPECT_EQ(db.Count("Handicap", "Boat=" + std::to_string(other)), 1);
+}
+
+// What uses a boat, a model or a handicap system; a series without a race is never listed.
+TEST_F(BoatsTest, UsageListsFollowEntriesClassesAndHandicaps) {
+    const int irc = AddHandicapType("IRC");
+    const int laser = AddModel("Laser");
+    const int boat = AddBoat("Swift", "1", laser);
+    AddBoat("swift", "2", laser);
+    AddHandicap(boat, irc, "1.0", "01/01/2009");
+    AddHandicap(boat, irc, "1.0", "01/01/2010");
+    AddHandicap(boat + 1, irc, "1.0", "01/01/2010");
+    db.Exec(
+        "INSERT INTO Series (Id, Title) VALUES (1, 'Spring'), (2, 'Autumn'), (3, 'Empty'),"
+        " (4, 'Spring')");
+    db.Exec(
+        "INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2010-04-01 00:00:00'),"
+        " (1, '2010-03-01 00:00:00'), (2, '2010-09-01 00:00:00'),"
+        " (4, '2009-04-01 00:00:00')");
+    db.Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (1, 'Fast', " +
+            std::to_string(irc) + "), (3, 'Slow', " + std::to_string(irc) + "), (4, 'Fast', " +
+            std::to_string(irc) + ")");
+    for (int series = 1; series <= 4; ++series) {
+        db.Exec("INSERT INTO Entrant (Series, Boat) VALUES (" + std::to_string(series) + ", " +
+                std::to_string(boat) + ")");
+    }
+
+    RowSet rows;
+    ASSERT_EQ(results.GetSeriesForBoat(boat, rows), "");
+    ASSERT_EQ(rows.Rows(), 2u);
+    EXPECT_EQ(rows(1, 0).ToText(), "Autumn");
+    EXPECT_EQ(rows(0, 0), Value(MakeDateTime(2010, 9, 1)));
+    EXPECT_EQ(rows(1, 1).ToText(), "Spring");
+    EXPECT_EQ(rows(0, 1), Value(MakeDateTime(2009, 4, 1)));
+
+    ASSERT_EQ(results.GetBoatsOfModel(laser, rows), "");
+    EXPECT_EQ(rows.Rows(), 2u);
+    ASSERT_EQ(results.GetBoatsUsingHandicap(irc, rows), "");
+    EXPECT_EQ(rows.Rows(), 1u);  // Swift and swift are one name
+
+    ASSERT_EQ(results.GetSeriesUsingHandicap(irc, rows), "");
+    ASSERT_EQ(rows.Rows(), 2u);  // two series titled Spring, oldest first
+    EXPECT_EQ(rows(1, 0), Value(MakeDateTime(2009, 4, 1)));
+    EXPECT_EQ(rows(1, 1), Value(MakeDateTime(2010, 3, 1)));
+    ASSERT_EQ(results.GetClassesUsingHandicap(irc, rows), "");
+    ASSERT_EQ(rows.Columns(), 3u);
+    EXPECT_EQ(rows.Rows(), 2u);
+    EXPECT_EQ(rows(2, 0).ToText(), "Fast");
+
+    ASSERT_EQ(results.RemoveHandicapType(irc), "");
+    ASSERT_EQ(results.GetHandicapTypes(rows), "");
+    EXPECT_TRUE(rows.IsEmpty());
+    EXPECT_EQ(db.Count("Handicap"), 3);
+}
+
+}  // namespace
+}  // namespace tb
