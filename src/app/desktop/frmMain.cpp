@@ -11,6 +11,7 @@
 #include "ui/HelpFile.h"
 #include "ui/PlaceholderWindow.h"
 #include "ui/StartupSettings.h"
+#include "ui/frmOptions.h"
 #include "ui/frmReport.h"
 #include "ui_frmMain.h"
 
@@ -329,7 +330,8 @@ void frmMain::OpenScoringEditor() {
 }
 
 void frmMain::OpenOptions() {
-    PlaceholderWindow::Open(QStringLiteral("frmOptions"), QStringLiteral("Options"), this);
+    frmOptions window(*ResultsDb, this);
+    window.exec();
 }
 
 // Unload: the chosen race is remembered for the next run; a failure to store it is not shown.
