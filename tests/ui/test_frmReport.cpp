@@ -1,5 +1,7 @@
+#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 #include <fstream>
@@ -15,10 +17,14 @@ using namespace tb;
 
 namespace {
 
-// Slots 1 and 4 are free; race results offer two actions with different entrant selections.
+// Slots 1 and 4 are free; race results offer two actions with different entrant selections; the
+// entry list's actions deliver the XML itself, one for each way of opening it.
 constexpr const char* kMenu =
     "[Entry list by handicap]\n"
-    "Everyone=entries.xsl,,,2,1\n"
+    "Everyone=,,,2,1\n"
+    "In a spreadsheet=,,,2,2\n"
+    "As a web page=,,,2,3\n"
+    "Filed only=,,,2,0\n"
     "[]\n"
     "[Class sheet]\n"
     "Sheet=classes.xsl,,,0,2\n"
@@ -41,6 +47,30 @@ private:
     test::RecordingViewer viewer;
     int seriesId = 0;
     int raceId = 0;
+
+    // One boat of the series' only class, entered for the race.
+    void EnterABoat() {
+        const std::string series = std::to_string(seriesId);
+        db->Exec("INSERT INTO HandicapType (Description) VALUES ('Club')");
+        const std::string type = std::to_string(db->raw().getLastInsertRowid());
+        db->Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
+                 ", 'Cruisers', " + type + ")");
+        const std::string cls = std::to_string(db->raw().getLastInsertRowid());
+        db->Exec("INSERT INTO People (Firstname, Lastname) VALUES ('Ann', 'Lee')");
+        const std::string person = std::to_string(db->raw().getLastInsertRowid());
+        db->Exec("INSERT INTO BoatType (Model) VALUES ('Sigma 33')");
+        const std::string model = std::to_string(db->raw().getLastInsertRowid());
+        db->Exec(
+            "INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES "
+            "('Blue Heron', " +
+            model + ", 'GBR 4012', 4012, " + person + ")");
+        const std::string boat = std::to_string(db->raw().getLastInsertRowid());
+        db->Exec("INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (" +
+                 series + ", " + boat + ", " + cls + ", 0, " + person + ")");
+        db->Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
+                 std::to_string(db->raw().getLastInsertRowid()) + ", " + std::to_string(raceId) +
+                 ")");
+    }
 
     QRadioButton* Kind(QWidget& window, int kind) {
         return window.findChild<QRadioButton*>(QStringLiteral("rReport_%1").arg(kind));
@@ -67,6 +97,7 @@ private slots:
                  std::to_string(seriesId) + ", 'Race 4', '2026-06-03 00:00:00')");
         raceId = static_cast<int>(db->raw().getLastInsertRowid());
         messages = std::make_unique<test::RecordingMessages>();
+        viewer.opened.clear();
         results = std::make_unique<clResults>();
         QCOMPARE(results->GetInitialisationInfo(), std::string());
     }
@@ -99,7 +130,9 @@ private slots:
     void choosingAKindListsItsActions_data() {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QStringList>("actions");
-        QTest::newRow("entry list") << 0 << QStringList({"Everyone / 2"});
+        QTest::newRow("entry list") << 0
+                                    << QStringList({"Everyone / 2", "In a spreadsheet / 2",
+                                                    "As a web page / 2", "Filed only / 2"});
         QTest::newRow("class sheet") << 2 << QStringList({"Sheet / 0"});
         QTest::newRow("a kind without actions") << 5 << QStringList();
     }
@@ -120,6 +153,45 @@ private slots:
         QVERIFY(!Kind(window, 1)->isChecked());
         QVERIFY(Kind(window, 3)->isChecked());
         QCOMPARE(Actions(window).size(), 2);
+    }
+
+    void okWritesTheReportAndOpensItWithTheActionsViewer_data() {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<QString>("viewedWith");
+        QTest::newRow("browser") << 0 << "browser";
+        QTest::newRow("spreadsheet") << 1 << "spreadsheet";
+        QTest::newRow("browser, second code") << 2 << "browser";
+        QTest::newRow("not opened") << 3 << "";
+    }
+    void okWritesTheReportAndOpensItWithTheActionsViewer() {
+        QFETCH(int, action);
+        QFETCH(QString, viewedWith);
+        EnterABoat();
+        ReportPath = db->folder() + "/";
+        frmReport window(*results, seriesId, raceId, viewer);
+        window.show();
+        QTest::mouseClick(Kind(window, 0), Qt::LeftButton);
+        window.findChild<QListWidget*>(QStringLiteral("SelAction"))->setCurrentRow(action);
+        window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+
+        QCOMPARE(messages->Texts(), std::vector<std::string>());
+        QVERIFY(window.isVisible());
+        const QString written = QString::fromStdString(db->folder()) + "/2026/0603__2E.xml";
+        QVERIFY2(QFileInfo::exists(written), qPrintable(written));
+        QCOMPARE(viewer.opened,
+                 viewedWith.isEmpty() ? QStringList() : QStringList({viewedWith + ": " + written}));
+    }
+
+    void aReportFolderThatCannotBeWrittenIsReportedAndNothingOpens() {
+        EnterABoat();
+        ReportPath = db->path() + "/";
+        frmReport window(*results, seriesId, raceId, viewer);
+        window.show();
+        QTest::mouseClick(Kind(window, 0), Qt::LeftButton);
+        window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        QCOMPARE(messages->shown.size(), std::size_t{1});
+        QVERIFY(window.isVisible());
+        QCOMPARE(viewer.opened, QStringList());
     }
 
     void aSeriesThatIsGoneIsReportedAndLeavesTheLabelsEmpty() {
