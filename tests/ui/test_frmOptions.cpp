@@ -206,6 +206,12 @@ private slots:
         QVERIFY(window->isVisible());
         QCOMPARE(Setting("Header"), std::string("Harbour SC"));
         QCOMPARE(db->Count("HandicapType"), 1LL);
+
+        messages->Clear();
+        Types()->setFocus();
+        QTest::keyClick(Types()->lineEdit(), Qt::Key_Return);
+        QCOMPARE(Shown(), QStringList({"E-Another handicap system named 'irc' already exists"}));
+        QCOMPARE(db->Text("SELECT Description FROM HandicapType"), std::string("IRC"));
     }
 
     void removesOnlyATypeNothingUses_data() {
