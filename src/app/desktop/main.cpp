@@ -27,7 +27,6 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tallyboard"));
     QApplication::setOrganizationName(QStringLiteral("Tallyboard"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Tallyboard"));
 
     tb::MessageBoxes messages;
     tb::SetMessageInterface(&messages);
