@@ -212,6 +212,11 @@ public:
     std::string ReadReportMenu(const std::string& IniFile);
 
     // ---- Options
+    // Saves the report heading, comment and footnote, then adds (HandicapTypeId 0) or renames a
+    // handicap type; a name another type holds is refused after the three settings are saved.
+    std::string PutOptions(const std::string& Heading, const std::string& Comment,
+                           const std::string& Footnote, int& HandicapTypeId,
+                           const std::string& Description);
 
 private:
     // How an operation meets the database: a query reads; a write runs in one transaction; a

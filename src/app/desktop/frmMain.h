@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <string>
+
+namespace Ui {
+class frmMain;
+}
+
+namespace tb {
+
+class clResults;
+class ReportViewer;
+
+// The first window: owns the program's one clResults, holds the working context (year, series,
+// race) and opens every other window. Each time it becomes active again it refills its lists
+// from the database and the remembered context.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmMain(ReportViewer& viewer, QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    // The series and race the other windows work on; 0 when none is selected.
+    int CurrentSeriesId() const;
+    int CurrentRaceId() const;
+
+    // Refills the lists and the title; runs on first display and after each window closes.
+    void Activate();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Load();
+    std::string GetYear();
+    std::string GetSeries();
+    std::string GetSchedule();
+    std::string CheckRaceSelection();
+
+    void SelYear_Click();
+    void SelSeries_Click();
+    void SelRace_Click();
+
+    void cmdSeries_Click();
+    void cmdEntries_Click();
+    void cmdResults_Click();
+    void cmdReports_Click();
+    void cmdBoats_Click();
+    void cmdPeople_Click();
+    void cmdScoring_Click();
+    void cmdSettings_Click();
+
+    // One method per window that a button opens, each modal.
+    void OpenSeriesEditor();
+    void OpenEntryEditor();
+    void OpenResults();
+    void OpenReports();
+    void OpenBoatEditor();
+    void OpenPeopleEditor();
+    void OpenScoringEditor();
+    void OpenOptions();
+
+    std::unique_ptr<Ui::frmMain> ui;
+    std::unique_ptr<clResults> ResultsDb;
+    ReportViewer& viewer;
+    bool activatedOnce = false;
+};
+
+}  // namespace tb

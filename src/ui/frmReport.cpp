@@ -1,0 +1,129 @@
+#include "ui/frmReport.h"
+
+#include <QApplication>
+#include <QRadioButton>
+
+#include "data/Conversions.h"
+#include "data/Messages.h"
+#include "data/clResults.h"
+#include "ui/HelpFile.h"
+#include "ui/ReportViewer.h"
+#include "ui_frmReport.h"
+
+namespace tb {
+
+namespace {
+
+constexpr int kRaceResults = 3;
+
+// The pointer shows busy while a report is being written.
+class BusyCursor {
+public:
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
+}  // namespace
+
+frmReport::frmReport(clResults& results, int seriesId, int raceId, ReportViewer& viewer,
+                     QWidget* parent)
+    : QDialog(parent),
+      ui(std::make_unique<Ui::frmReport>()),
+      ResultsDb(results),
+      viewer(viewer),
+      raceId(raceId),
+      seriesId(seriesId) {
+    ui->setupUi(this);
+    for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
+        rReport[kind] = findChild<QRadioButton*>(QStringLiteral("rReport_%1").arg(kind));
+        connect(rReport[kind], &QRadioButton::clicked, this, [this, kind] { rReport_Click(kind); });
+    }
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmReport::cmdOK_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->SelAction, &QListWidget::itemDoubleClicked, this, &frmReport::cmdOK_Click);
+    Load();
+}
+
+frmReport::~frmReport() = default;
+
+void frmReport::showEvent(QShowEvent* event) {
+    SetHelpFile(QStringLiteral("Reports"));
+    QDialog::showEvent(event);
+}
+
+void frmReport::Load() {
+    const ReportMenuTable& menu = ResultsDb.ReportMenu();
+    for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
+        rReport[kind]->setText(QString::fromStdString(menu[kind].Title));
+        rReport[kind]->setEnabled(!menu[kind].Title.empty());
+    }
+    rReport[kRaceResults]->setChecked(true);
+    rReport_Click(kRaceResults);
+
+    RowSet series;
+    std::string Msg = ResultsDb.GetSeriesDetails(seriesId, series);
+    if (Msg.empty()) {
+        ui->lSeries->setText(QString::fromStdString(series(0, 0).ToText()));
+        RowSet race;
+        Msg = ResultsDb.GetRaceDetails(raceId, race);
+        if (Msg.empty() && !race.IsEmpty()) {
+            ui->lRace->setText(QString::fromStdString(race(0, 0).ToText() + " - " +
+                                                      Format(race(1, 0), "dd/mm/yyyy")));
+        }
+    }
+    ShowMessage(Msg);
+}
+
+void frmReport::rReport_Click(int kind) {
+    ui->SelAction->clear();
+    for (const ReportAction& action : ResultsDb.ReportMenu()[kind].Actions) {
+        auto* item = new QListWidgetItem(QString::fromStdString(action.Caption), ui->SelAction);
+        item->setData(Qt::UserRole, static_cast<int>(action.Option));
+    }
+    if (ui->SelAction->count() > 0)
+        ui->SelAction->setCurrentRow(0);
+}
+
+int frmReport::SelectedKind() const {
+    for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
+        if (rReport[kind]->isChecked())
+            return kind;
+    }
+    return -1;
+}
+
+void frmReport::cmdOK_Click() {
+    std::string Msg;
+    try {
+        const BusyCursor busy;
+        Msg = MakeReport();
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        Msg = ErrorText({}, "Report.OK.Click", &pending);
+    }
+    ShowMessage(Msg);
+}
+
+std::string frmReport::MakeReport() {
+    const int kind = SelectedKind();
+    const int actionIndex = ui->SelAction->currentRow();
+    if (kind < 0 || actionIndex < 0)
+        return {};
+    const int viewerCode = ResultsDb.ReportMenu()[kind].Actions.at(actionIndex).Viewer;
+
+    std::string outputPath;
+    const std::string Msg =
+        ResultsDb.CreateReport(kind, actionIndex, viewerCode, raceId, outputPath);
+    if (!Msg.empty())
+        return Msg;
+    const QString path = QString::fromStdString(outputPath);
+    if (viewerCode == 2)
+        viewer.OpenInSpreadsheet(path);
+    else if (viewerCode == 1 || viewerCode == 3)
+        viewer.OpenInBrowser(path);
+    return {};
+}
+
+}  // namespace tb

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <memory>
+
+namespace Ui {
+class frmReport;
+}
+class QRadioButton;
+
+namespace tb {
+
+class clResults;
+class ReportViewer;
+
+// The report window: the officer picks a report kind and one of its actions for the current
+// race; OK writes the report and opens it, and the window stays open for the next one.
+class frmReport : public QDialog {
+    Q_OBJECT
+public:
+    frmReport(clResults& results, int seriesId, int raceId, ReportViewer& viewer,
+              QWidget* parent = nullptr);
+    ~frmReport() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void Load();
+    void rReport_Click(int kind);
+    void cmdOK_Click();
+    std::string MakeReport();
+    int SelectedKind() const;
+
+    std::unique_ptr<Ui::frmReport> ui;
+    std::array<QRadioButton*, 6> rReport{};
+    clResults& ResultsDb;
+    ReportViewer& viewer;
+    int raceId;
+    int seriesId;
+};
+
+}  // namespace tb

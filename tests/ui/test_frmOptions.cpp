@@ -1,0 +1,310 @@
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+#include <fstream>
+
+#include "app/Globals.h"
+#include "data/clResults.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+#include "support/WindowTesting.h"
+#include "ui/StartupSettings.h"
+#include "ui/frmOptions.h"
+
+using namespace tb;
+
+class OptionsWindowTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<test::TemporarySettingsStore> store;
+    std::unique_ptr<test::TestDatabase> db;
+    std::unique_ptr<test::RecordingMessages> messages;
+    std::unique_ptr<clResults> results;
+    std::unique_ptr<frmOptions> window;
+
+    int AddType(const std::string& description) {
+        db->Exec("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
+        return static_cast<int>(db->raw().getLastInsertRowid());
+    }
+    void AddBoatsRatedIn(int type, int boats) {
+        for (int n = 1; n <= boats; ++n) {
+            db->Exec("INSERT INTO Boat (BoatName, FullSailNo) VALUES ('Boat " +
+                     std::string(n < 10 ? "0" : "") + std::to_string(n) + "', 'GBR " +
+                     std::to_string(n) + "')");
+            db->Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap) VALUES (" +
+                     std::to_string(db->raw().getLastInsertRowid()) + ", " + std::to_string(type) +
+                     ", 0.95)");
+        }
+    }
+    void AddSeriesUsing(int type, const std::string& title, const std::string& firstRace) {
+        db->Exec("INSERT INTO Series (Title) VALUES ('" + title + "')");
+        const std::string series = std::to_string(db->raw().getLastInsertRowid());
+        db->Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
+                 ", 'Fleet', " + std::to_string(type) + ")");
+        db->Exec("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" + series +
+                 ", 'Race 1', '" + firstRace + " 00:00:00')");
+    }
+    std::string Setting(const std::string& name) {
+        return db->Text("SELECT Value FROM Settings WHERE Parameter='" + name + "'");
+    }
+
+    void Open() {
+        window = std::make_unique<frmOptions>(*results);
+        window->show();
+        test::SettleEvents();
+    }
+    template <typename T>
+    T* Control(const char* name) {
+        return window->findChild<T*>(QString::fromLatin1(name));
+    }
+    QComboBox* Types() { return Control<QComboBox>("SelHCs"); }
+    void Press(const char* button) { Control<QPushButton>(button)->click(); }
+    void FollowLink(const char* label) { emit Control<QLabel>(label)->linkActivated({}); }
+    QStringList Shown() {
+        QStringList texts;
+        for (const auto& text : messages->Texts())
+            texts << QString::fromStdString(text);
+        return texts;
+    }
+
+private slots:
+    void init() {
+        store = std::make_unique<test::TemporarySettingsStore>();
+        db = std::make_unique<test::TestDatabase>();
+        ReportPath = db->folder() + "/";
+        messages = std::make_unique<test::RecordingMessages>();
+        results = std::make_unique<clResults>();
+    }
+    void cleanup() {
+        window.reset();
+        results.reset();
+        messages.reset();
+        db.reset();
+        store.reset();
+    }
+
+    void showsTheSettingsPathsTypesAndSchema() {
+        db->Exec("UPDATE Settings SET Value='Harbour Sailing Club' WHERE Parameter='Header'");
+        db->Exec("UPDATE Settings SET Value='2.3' WHERE Parameter='Version'");
+        AddType("Portsmouth");
+        const int irc = AddType("IRC");
+        Open();
+        QCOMPARE(Control<QLineEdit>("tHeading")->text(), QStringLiteral("Harbour Sailing Club"));
+        QCOMPARE(Control<QLineEdit>("tComment")->text(), QString());
+        QCOMPARE(Control<QLineEdit>("tDataFile")->text(), QString::fromStdString(db->path()));
+        QCOMPARE(Control<QLineEdit>("tReportDir")->text(), QString::fromStdString(ReportPath));
+        QCOMPARE(Types()->count(), 2);
+        QCOMPARE(Types()->currentText(), QStringLiteral("IRC"));
+        QCOMPARE(Types()->currentData().toInt(), irc);
+        QCOMPARE(Control<QLabel>("lInfo")->text(),
+                 QStringLiteral("Build 27b (05-Nov-09) Schema 2.3"));
+        QVERIFY(messages->shown.empty());
+    }
+
+    void checksBothPathsBeforeStoringEither_data() {
+        QTest::addColumn<QString>("dataFile");
+        QTest::addColumn<QString>("reportDir");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<bool>("stored");
+        QTest::newRow("both exist") << "<db>"
+                                    << "<folder>" << QString() << true;
+        QTest::newRow("both left empty") << ""
+                                         << "   " << QString() << false;
+        QTest::newRow("missing data file")
+            << "/nowhere/Tallyboard.db"
+            << "<folder>"
+            << "E-The data file /nowhere/Tallyboard.db was not found" << false;
+        QTest::newRow("missing report folder")
+            << "<db>"
+            << "/nowhere/Reports"
+            << "E-The report directory /nowhere/Reports was not found" << false;
+        QTest::newRow("report folder that is a file")
+            << "<db>"
+            << "<db>"
+            << "E-The report directory <db> was not found" << false;
+    }
+    void checksBothPathsBeforeStoringEither() {
+        QFETCH(QString, dataFile);
+        QFETCH(QString, reportDir);
+        QFETCH(QString, message);
+        QFETCH(bool, stored);
+        const QString dbPath = QString::fromStdString(db->path());
+        const QString folder = QString::fromStdString(db->folder());
+        dataFile.replace("<db>", dbPath);
+        reportDir.replace("<db>", dbPath).replace("<folder>", folder);
+        message.replace("<db>", dbPath);
+        AddType("IRC");
+        Open();
+        Control<QLineEdit>("tDataFile")->setText(" " + dataFile + " ");
+        Control<QLineEdit>("tReportDir")->setText(reportDir);
+        Press("cmdOK");
+
+        QCOMPARE(Shown(), message.isEmpty() ? QStringList() : QStringList({message}));
+        QCOMPARE(window->isVisible(), !message.isEmpty());
+        QCOMPARE(ReadStartupSetting(kDataFileKey), stored ? dbPath : QString());
+        QCOMPARE(ReadStartupSetting(kReportPathKey), stored ? folder : QString());
+    }
+
+    void savesTheReportTextsTrimmed() {
+        AddType("IRC");
+        Open();
+        Control<QLineEdit>("tHeading")->setText("  Harbour SC ");
+        Control<QLineEdit>("tFootnote")->setText("Protests within one hour");
+        Press("cmdOK");
+        QVERIFY(messages->shown.empty());
+        QCOMPARE(Setting("Header"), std::string("Harbour SC"));
+        QCOMPARE(Setting("Comment"), std::string());
+        QCOMPARE(Setting("Footnote"), std::string("Protests within one hour"));
+    }
+
+    void addsRenamesAndKeepsHandicapTypes() {
+        const int irc = AddType("IRC");
+        Open();
+        Press("cmdOK");
+        QCOMPARE(db->Count("HandicapType"), 1LL);
+        QCOMPARE(db->Text("SELECT Description FROM HandicapType"), std::string("IRC"));
+
+        Open();
+        QTest::keyClicks(Types()->lineEdit(), " 2026");
+        Press("cmdOK");
+        QCOMPARE(db->Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(irc)),
+                 std::string("IRC 2026"));
+
+        Open();
+        Press("AddHCs");
+        QCOMPARE(Types()->currentIndex(), -1);
+        QVERIFY(Types()->currentText().isEmpty());
+        QTest::keyClicks(Types()->lineEdit(), "Portsmouth");
+        Press("cmdOK");
+        QVERIFY(messages->shown.empty());
+        QCOMPARE(db->Count("HandicapType"), 2LL);
+        QCOMPARE(db->Count("HandicapType", "Description='Portsmouth'"), 1LL);
+    }
+
+    void refusesANewTypeWithoutNameOrWithATakenName() {
+        AddType("IRC");
+        Open();
+        Press("AddHCs");
+        Press("cmdOK");
+        QCOMPARE(Shown(), QStringList({"E-Please specify a name for the handicap type"}));
+        QVERIFY(window->isVisible());
+
+        messages->Clear();
+        Control<QLineEdit>("tHeading")->setText("Harbour SC");
+        QApplication::setActiveWindow(window.get());
+        Types()->setFocus();
+        QTest::keyClicks(Types()->lineEdit(), "irc");
+        Control<QLineEdit>("tHeading")->setFocus();
+        QVERIFY(!Types()->hasFocus());
+        Press("cmdOK");
+        QCOMPARE(Shown(), QStringList({"E-Another handicap system named 'irc' already exists"}));
+        QVERIFY(window->isVisible());
+        QCOMPARE(Setting("Header"), std::string("Harbour SC"));
+        QCOMPARE(db->Count("HandicapType"), 1LL);
+
+        messages->Clear();
+        Types()->setFocus();
+        QTest::keyClick(Types()->lineEdit(), Qt::Key_Return);
+        QCOMPARE(Shown(), QStringList({"E-Another handicap system named 'irc' already exists"}));
+        QCOMPARE(db->Text("SELECT Description FROM HandicapType"), std::string("IRC"));
+    }
+
+    void removesOnlyATypeNothingUses_data() {
+        QTest::addColumn<QString>("use");
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<int>("typesLeft");
+        const QString inUse = QStringLiteral("I-Delete is not allowed as handicap type is in use");
+        QTest::newRow("used by a series") << "series" << true << inUse << 2;
+        QTest::newRow("used by a boat") << "boat" << true << inUse << 2;
+        QTest::newRow("unused, answered No") << "" << false << QString() << 2;
+        QTest::newRow("unused, answered Yes") << "" << true << QString() << 1;
+    }
+    void removesOnlyATypeNothingUses() {
+        QFETCH(QString, use);
+        QFETCH(bool, answer);
+        QFETCH(QString, message);
+        QFETCH(int, typesLeft);
+        const int club = AddType("Club");
+        AddType("IRC");
+        if (use == "series")
+            AddSeriesUsing(club, "Summer Series", "2026-06-07");
+        if (use == "boat")
+            AddBoatsRatedIn(club, 1);
+        messages->answers.push_back(answer);
+        Open();
+        QCOMPARE(Types()->currentText(), QStringLiteral("Club"));
+        Press("cmdRemove");
+
+        QCOMPARE(Shown(), message.isEmpty() ? QStringList() : QStringList({message}));
+        const bool asked = message.isEmpty();
+        QCOMPARE(messages->questions.size(), std::size_t{asked ? 1u : 0u});
+        if (asked) {
+            QCOMPARE(messages->questions.front(), std::string("Remove handicap type Club?"));
+            QCOMPARE(messages->questionTitles.front(), std::string("Tallyboard"));
+        }
+        QCOMPARE(db->Count("HandicapType"), static_cast<long long>(typesLeft));
+        QCOMPARE(Types()->count(), typesLeft);
+        QCOMPARE(Types()->currentIndex(), 0);
+    }
+
+    void actionsOnNoTypeSayNoneIsSelected_data() {
+        QTest::addColumn<QString>("action");
+        QTest::newRow("remove") << "cmdRemove";
+        QTest::newRow("list boats") << "ListModels";
+        QTest::newRow("list series") << "ListSeries";
+    }
+    void actionsOnNoTypeSayNoneIsSelected() {
+        QFETCH(QString, action);
+        AddType("IRC");
+        Open();
+        Press("AddHCs");
+        if (action == "cmdRemove")
+            Press("cmdRemove");
+        else
+            FollowLink(action.toLatin1().constData());
+        QCOMPARE(Shown(), QStringList({"I-No handicap type is selected"}));
+        QCOMPARE(db->Count("HandicapType"), 1LL);
+    }
+
+    void listsTheBoatsAndSeriesUsingAType() {
+        const int irc = AddType("IRC");
+        AddBoatsRatedIn(irc, 25);
+        AddSeriesUsing(irc, "Spring Cup", "2026-04-12");
+        AddSeriesUsing(irc, "Autumn Series", "2025-10-05");
+        Open();
+
+        FollowLink("ListModels");
+        QCOMPARE(messages->shown.size(), std::size_t{1});
+        QCOMPARE(messages->shown[0].title, std::string("Handicap type: IRC"));
+        std::string boats = "This handicap type is used by 25 boats: (first 20 shown)";
+        for (int n = 1; n <= 20; ++n)
+            boats += "\r\nBoat " + std::string(n < 10 ? "0" : "") + std::to_string(n);
+        QCOMPARE(messages->shown[0].text, boats);
+
+        messages->Clear();
+        FollowLink("ListSeries");
+        QCOMPARE(messages->shown.size(), std::size_t{1});
+        QCOMPARE(messages->shown[0].title, std::string("Handicap type: IRC"));
+        QCOMPARE(messages->shown[0].text,
+                 std::string("This handicap type is used in 2 series:\r\nAutumn Series (2025)"
+                             "\r\nSpring Cup (2026)"));
+    }
+
+    void anUnusedTypeSaysSo() {
+        AddType("IRC");
+        Open();
+        FollowLink("ListModels");
+        FollowLink("ListSeries");
+        QCOMPARE(Shown(), QStringList({"I-This handicap type is not used by any boats",
+                                       "I-This handicap type is not used in any series"}));
+    }
+};
+
+QTEST_MAIN(OptionsWindowTest)
+#include "test_frmOptions.moc"
