@@ -237,7 +237,7 @@ private slots:
 
     void newModelIsListedAndSelected() {
         auto w = Open(3);
-        OnNextModal([](QDialog& model) {
+        AnswerNextModal([](QDialog& model) {
             Type(Child<QLineEdit>(model, "tModel"), "Dragon");
             Type(Child<QLineEdit>(model, "tLOA"), "8.9x");
             Child<QPushButton>(model, "cmdOK")->click();
@@ -254,7 +254,7 @@ private slots:
 
     void ownerAddedThroughThePeopleEditorIsSelected() {
         auto w = Open(3);
-        OnNextModal([](QDialog& people) {
+        AnswerNextModal([](QDialog& people) {
             QVERIFY(!Child<QComboBox>(people, "SelPerson")->isEnabled());
             Type(Child<QLineEdit>(people, "tForename"), "Kate");
             Type(Child<QLineEdit>(people, "tSurname"), "Baker");
@@ -279,7 +279,7 @@ private slots:
         QFETCH(QString, value);
         QFETCH(bool, accepted);
         auto w = Open(3);
-        OnNextModal([value](QDialog& handicap) {
+        AnswerNextModal([value](QDialog& handicap) {
             QCOMPARE(Child<QLabel>(handicap, "Heading")->text(),
                      QString("Create new handicap for "));
             QCOMPARE(Child<QLabel>(handicap, "lBoat")->text(), QString("Zephyr"));
@@ -322,7 +322,7 @@ private slots:
         QFETCH(QString, expires);
         QFETCH(QString, message);
         auto w = Open(3);
-        OnNextModal([=](QDialog& handicap) {
+        AnswerNextModal([=](QDialog& handicap) {
             Child<QComboBox>(handicap, "SelHandicap")->setCurrentIndex(0);
             Type(Child<QLineEdit>(handicap, "tValue"), "0.9");
             Type(Child<QLineEdit>(handicap, "tStart"), start);
@@ -340,7 +340,7 @@ private slots:
         Child<QPushButton>(*w, "cmdReviseHC")->click();
         QCOMPARE(messages->Texts(), std::vector<std::string>{"I-No handicap selected"});
         list->setCurrentRow(1);
-        OnNextModal([](QDialog& handicap) {
+        AnswerNextModal([](QDialog& handicap) {
             QCOMPARE(Child<QLabel>(handicap, "Heading")->text(),
                      QString("Revise PY handicap value for"));
             QVERIFY(!Child<QLabel>(handicap, "lExpire")->isHidden());
@@ -364,7 +364,7 @@ private slots:
     void editingAHandicapShowsItsPeriod() {
         auto w = Open(1);
         Child<QListWidget>(*w, "listHandicaps")->setCurrentRow(0);
-        OnNextModal([](QDialog& handicap) {
+        AnswerNextModal([](QDialog& handicap) {
             QCOMPARE(Child<QLabel>(handicap, "Heading")->text(),
                      QString("Edit existing handicap for"));
             QCOMPARE(Child<QComboBox>(handicap, "SelHandicap")->currentText(), QString("IRC"));

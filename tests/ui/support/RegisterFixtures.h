@@ -47,7 +47,7 @@ inline void Type(QLineEdit* field, const QString& text) {
 
 // Runs the answer on the next window opened modally, then closes it if the answer left it open,
 // so a refused save cannot hang the test.
-inline void OnNextModal(std::function<void(QDialog&)> answer) {
+inline void AnswerNextModal(std::function<void(QDialog&)> answer) {
     QTimer::singleShot(0, [answer] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         QVERIFY(dialog != nullptr);
