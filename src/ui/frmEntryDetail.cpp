@@ -13,7 +13,7 @@
 #include "data/clResults.h"
 #include "ui/HelpFile.h"
 #include "ui/ListLines.h"
-#include "ui/PlaceholderWindow.h"
+#include "ui/frmBoatDetail.h"
 #include "ui_frmEntryDetail.h"
 
 namespace tb {
@@ -396,7 +396,9 @@ void frmEntryDetail::AddBoat() {
 }
 
 void frmEntryDetail::OpenBoatEditor() {
-    PlaceholderWindow::Open("frmBoatDetail", "Boat details", this);
+    frmBoatDetail window(
+        ResultsDb, SelectedId, [this](int BoatId) { ShowNewBoat(BoatId); }, this);
+    window.exec();
 }
 
 void frmEntryDetail::ShowNewBoat(int BoatId) {

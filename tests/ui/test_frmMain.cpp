@@ -244,30 +244,37 @@ private slots:
         QTest::addColumn<QString>("button");
         QTest::addColumn<QString>("window");
         QTest::addColumn<int>("selectedId");
+        QTest::addColumn<QStringList>("shown");
         QTest::newRow("series") << "cmdSeries"
-                                << "frmSeries" << 7;
+                                << "frmSeries" << 7 << QStringList();
         QTest::newRow("entries") << "cmdEntries"
-                                 << "frmEntryDetail" << 7;
+                                 << "frmEntryDetail" << 7 << QStringList();
         QTest::newRow("results") << "cmdResults"
-                                 << "frmResults" << 7;
+                                 << "frmResults" << 7
+                                 << QStringList({"I-This race does not have any entrants"});
         QTest::newRow("reports") << "cmdReports"
-                                 << "frmReport" << 7;
+                                 << "frmReport" << 7 << QStringList();
         QTest::newRow("boats") << "cmdBoats"
-                               << "frmBoatDetail" << -1;
+                               << "frmBoatDetail" << -1 << QStringList();
         QTest::newRow("people") << "cmdPeople"
-                                << "frmPeopleDetail" << 0;
+                                << "frmPeopleDetail" << 0 << QStringList();
         QTest::newRow("scoring") << "cmdScoring"
-                                 << "frmScoring" << 7;
+                                 << "frmScoring" << 7 << QStringList();
         QTest::newRow("options") << "cmdSettings"
-                                 << "frmOptions" << 7;
+                                 << "frmOptions" << 7 << QStringList();
     }
     void buttonsOpenTheirWindowsAndTheListsAreRefreshedAfterwards() {
         QFETCH(QString, button);
         QFETCH(QString, window);
         QFETCH(int, selectedId);
+        QFETCH(QStringList, shown);
         const int summer = AddSeries("Summer Series");
-        AddRace(summer, "Race 1", "2026-06-07");
+        const int race = AddRace(summer, "Race 1", "2026-06-07");
         AddClass(summer);
+        // A started class keeps the results window from opening the start times window itself.
+        db->Exec("INSERT INTO Start (Schedule, Class, StartTime) VALUES (" + std::to_string(race) +
+                 ", " + std::to_string(db->raw().getLastInsertRowid()) +
+                 ", '2026-06-07 18:30:00')");
         Remember("LastModified", "01 Jun 2026 09:00");
         SelectedId = 7;
 
@@ -282,7 +289,7 @@ private slots:
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
         QCOMPARE(Items(List(*main, "SelSeries")), QStringList({"Autumn Series", "Summer Series"}));
         QCOMPARE(main->CurrentSeriesId(), summer);
-        QCOMPARE(Texts(*messages), QStringList());
+        QCOMPARE(Texts(*messages), shown);
     }
 
     void aMissingDataFileIsReportedOnceAndFoundLater() {

@@ -9,10 +9,15 @@
 #include "data/Messages.h"
 #include "data/clResults.h"
 #include "ui/HelpFile.h"
-#include "ui/PlaceholderWindow.h"
 #include "ui/StartupSettings.h"
+#include "ui/frmBoatDetail.h"
+#include "ui/frmEntryDetail.h"
 #include "ui/frmOptions.h"
+#include "ui/frmPeopleDetail.h"
 #include "ui/frmReport.h"
+#include "ui/frmResults.h"
+#include "ui/frmScoring.h"
+#include "ui/frmSeries.h"
 #include "ui_frmMain.h"
 
 namespace tb {
@@ -301,15 +306,18 @@ void frmMain::cmdSettings_Click() {
 }
 
 void frmMain::OpenSeriesEditor() {
-    PlaceholderWindow::Open(QStringLiteral("frmSeries"), QStringLiteral("Series"), this);
+    frmSeries window(*ResultsDb, CurrentSeriesId(), this);
+    window.exec();
 }
 
 void frmMain::OpenEntryEditor() {
-    PlaceholderWindow::Open(QStringLiteral("frmEntryDetail"), QStringLiteral("Entries"), this);
+    frmEntryDetail window(*ResultsDb, CurrentSeriesId(), this);
+    window.exec();
 }
 
 void frmMain::OpenResults() {
-    PlaceholderWindow::Open(QStringLiteral("frmResults"), QStringLiteral("Results"), this);
+    frmResults window(*ResultsDb, CurrentSeriesId(), CurrentRaceId(), this);
+    window.exec();
 }
 
 void frmMain::OpenReports() {
@@ -318,15 +326,18 @@ void frmMain::OpenReports() {
 }
 
 void frmMain::OpenBoatEditor() {
-    PlaceholderWindow::Open(QStringLiteral("frmBoatDetail"), QStringLiteral("Boats"), this);
+    frmBoatDetail window(*ResultsDb, SelectedId, {}, this);
+    window.exec();
 }
 
 void frmMain::OpenPeopleEditor() {
-    PlaceholderWindow::Open(QStringLiteral("frmPeopleDetail"), QStringLiteral("People"), this);
+    frmPeopleDetail window(*ResultsDb, SelectedId, {}, this);
+    window.exec();
 }
 
 void frmMain::OpenScoringEditor() {
-    PlaceholderWindow::Open(QStringLiteral("frmScoring"), QStringLiteral("Scoring"), this);
+    frmScoring window(*ResultsDb, this);
+    window.exec();
 }
 
 void frmMain::OpenOptions() {
