@@ -369,6 +369,19 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
                 addResult.reset();
             }
         }
+        // The main window opens on the season's last race.
+        SQLite::Statement remember(
+            db, "INSERT OR REPLACE INTO Settings (Parameter, Value) VALUES (?, ?)");
+        const std::pair<const char*, std::string> context[] = {
+            {"LastSeriesYr", std::to_string(kYear)},
+            {"LastSeries", "1"},
+            {"LastSchedule", raceIds.empty() ? std::string() : std::to_string(raceIds.back())}};
+        for (const auto& [parameter, value] : context) {
+            remember.bind(1, parameter);
+            remember.bind(2, value);
+            remember.exec();
+            remember.reset();
+        }
         transaction.commit();
     } catch (...) {
         const PendingError pending = DescribeCurrentException();
