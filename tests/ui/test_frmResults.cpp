@@ -1,29 +1,26 @@
 // The results window typed as a race officer types a finish sheet: the boat by sail number or
 // name and Enter, six digits and Enter, with every refusal in the information line and a beep.
 
-#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
 
-#include "data/Conversions.h"
 #include "data/clResults.h"
 #include "support/RaceDay.h"
-#include "support/RecordingMessages.h"
+#include "support/WindowTesting.h"
 #include "ui/frmResults.h"
 
+using tb::test::Find;
 using tb::test::RaceDay;
-using tb::test::RecordingMessages;
+using tb::test::Row;
 
 namespace {
 
 struct Window {
     RaceDay day;
     tb::clResults results;
-    RecordingMessages messages;
+    tb::test::RecordingMessages messages;
     std::unique_ptr<tb::frmResults> window;
     int alpha = day.AddBoat("Alpha", "GBR 1234", 1234, RaceDay::kClass1);
     int bravo = day.AddBoat("Bravo", "GBR 567", 567, RaceDay::kClass1);
@@ -41,29 +38,26 @@ struct Window {
         QTRY_VERIFY(window->isActiveWindow());
     }
     template <typename T>
-    T* Find(const char* name) {
-        return window->findChild<T*>(name);
+    T* Get(const char* name) {
+        return Find<T>(window.get(), name);
     }
-    QLineEdit* Field(const char* name) { return Find<QLineEdit>(name); }
-    QComboBox* Entry() { return Find<QComboBox>("SelEntry"); }
-    QString Info() { return Find<QLabel>("lInfo")->text(); }
+    QLineEdit* Field(const char* name) { return Get<QLineEdit>(name); }
+    QComboBox* Entry() { return Get<QComboBox>("SelEntry"); }
+    QString Info() { return Get<QLabel>("lInfo")->text(); }
     QWidget* Focus() { return QApplication::focusWidget(); }
+    void Click(const char* button) {
+        QTest::mouseClick(Get<QAbstractButton>(button), Qt::LeftButton);
+    }
 
     // Types into the boat list and presses Enter.
     void FindBoat(const QString& typed) {
-        QLineEdit* edit = Entry()->lineEdit();
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, typed);
-        QTest::keyClick(edit, Qt::Key_Return);
+        Entry()->lineEdit()->setFocus();
+        tb::test::Type(Entry()->lineEdit(), typed);
+        QTest::keyClick(Entry()->lineEdit(), Qt::Key_Return);
     }
     void Type(const char* name, const QString& text) {
-        QLineEdit* field = Field(name);
-        field->setFocus();
-        field->selectAll();
-        QTest::keyClick(field, Qt::Key_Delete);
-        QTest::keyClicks(field, text);
+        Field(name)->setFocus();
+        tb::test::Type(Field(name), text);
     }
     void TypeAndEnter(const char* name, const QString& text) {
         Type(name, text);
@@ -84,21 +78,20 @@ private slots:
     void opensWithTheRaceTheStatusesAndTheEntrants() {
         Window w;
         w.Open();
-        QCOMPARE(w.Find<QLabel>("lSeries")->text(), QString("Summer Series"));
-        QCOMPARE(w.Find<QLabel>("lRace")->text(), QString("Race 1 - 12/06/2005"));
+        QCOMPARE(w.Get<QLabel>("lSeries")->text(), QString("Summer Series"));
+        QCOMPARE(w.Get<QLabel>("lRace")->text(), QString("Race 1 - 12/06/2005"));
         QCOMPARE(w.Entry()->count(), 3);
         QCOMPARE(w.Entry()->itemText(0), QString("Alpha").leftJustified(34) + "GBR 1234");
         QCOMPARE(w.Entry()->itemData(2).toInt(), w.charlie);
-        auto* status = w.Find<QComboBox>("SelStatus");
+        auto* status = w.Get<QComboBox>("SelStatus");
         QCOMPARE(status->count(), 9);
         QVERIFY(status->itemText(7).startsWith("OK - "));
         QCOMPARE(status->itemData(7).toInt(), 9);
         QVERIFY(!w.Field("tTime")->isEnabled());
-        QVERIFY(!w.Find<QPushButton>("cmdOK")->isEnabled());
+        QVERIFY(!w.Get<QPushButton>("cmdOK")->isEnabled());
         QVERIFY(w.messages.shown.empty());
         QCOMPARE(w.day.db.Count("Start"), 2LL);  // the missing start of class 2 was made
-        QTest::keyClicks(w.Entry()->lineEdit(), "1234");
-        QTest::keyClick(w.Entry()->lineEdit(), Qt::Key_Return);
+        w.FindBoat("1234");
         QTest::keyClicks(w.Field("tTime"), "143512");
         tb::test::Screenshot(*w.window, "frmResults");
     }
@@ -106,10 +99,8 @@ private slots:
     void aFinishIsStoredOnTheStartDayOrTheNextDay_data() {
         QTest::addColumn<QString>("option");
         QTest::addColumn<QString>("stored");
-        QTest::newRow("start day") << "rFinish_0"
-                                   << "2005-06-12 14:35:12";
-        QTest::newRow("next day") << "rFinish_1"
-                                  << "2005-06-13 14:35:12";
+        Row("start day", "rFinish_0", "2005-06-12 14:35:12");
+        Row("next day", "rFinish_1", "2005-06-13 14:35:12");
     }
     void aFinishIsStoredOnTheStartDayOrTheNextDay() {
         QFETCH(QString, option);
@@ -118,7 +109,7 @@ private slots:
         w.Open();
         w.FindBoat("1234");
         QCOMPARE(w.Focus(), w.Field("tTime"));
-        QTest::mouseClick(w.Find<QRadioButton>(option.toLatin1()), Qt::LeftButton);
+        w.Click(option.toLatin1());
         w.TypeAndEnter("tTime", "143512");
         QCOMPARE(w.Stored(w.alpha), stored.toStdString());
         QCOMPARE(w.Stored(w.alpha, "Status"), std::string("9"));  // chosen by the typed time
@@ -131,7 +122,7 @@ private slots:
         Window w;
         w.Open();
         w.FindBoat("GBR 567");
-        QTest::mouseClick(w.Find<QRadioButton>("rFinish_2"), Qt::LeftButton);
+        w.Click("rFinish_2");
         QVERIFY(w.Field("tDate")->isVisible());
         w.Type("tDate", "14 Jun 2005");
         w.TypeAndEnter("tTime", "091500");
@@ -139,36 +130,43 @@ private slots:
         // Shown again, the finish two days on picks the other-date option.
         w.FindBoat("1234");
         w.FindBoat("567");
-        QVERIFY(w.Find<QRadioButton>("rFinish_2")->isChecked());
+        QVERIFY(w.Get<QRadioButton>("rFinish_2")->isChecked());
         QCOMPARE(w.Field("tDate")->text(), QString("14 Jun 2005"));
         QCOMPARE(w.Field("tTime")->text(), QString("091500"));
     }
 
-    void refusesWhatCannotBeAFinish_data() {
+    void refusesWhatCannotBeSaved_data() {
+        QTest::addColumn<QString>("boat");
+        QTest::addColumn<bool>("statusOk");
         QTest::addColumn<QString>("time");
         QTest::addColumn<QString>("message");
-        QTest::newRow("hour 24") << "246000"
-                                 << "Finish time is invalid";
-        QTest::newRow("five digits") << "12345"
-                                     << "Finish time is invalid";
-        QTest::newRow("a letter") << "12a456"
-                                  << "Finish time is invalid";
-        QTest::newRow("before the start") << "000000"
-                                          << "Finish time must be after start time";
-        QTest::newRow("at the start") << "140000"
-                                      << "Finish time must be after start time";
+        QTest::addColumn<QString>("focus");
+        const QString invalid = "Finish time is invalid";
+        const QString early = "Finish time must be after start time";
+        Row("hour 24", "Alpha", true, "246000", invalid, "tTime");
+        Row("five digits", "Alpha", true, "12345", invalid, "tTime");
+        Row("a letter", "Alpha", true, "12a456", invalid, "tTime");
+        Row("before the start", "Alpha", true, "000000", early, "tTime");
+        Row("at the start", "Alpha", true, "140000", early, "tTime");
+        Row("no status", "Alpha", false, "", "Please select the finish status", "SelStatus");
+        Row("class not started", "Charlie", false, "143512",
+            "Please enter the start time for Class 2", "cStart");
     }
-    void refusesWhatCannotBeAFinish() {
+    void refusesWhatCannotBeSaved() {
+        QFETCH(QString, boat);
+        QFETCH(bool, statusOk);
         QFETCH(QString, time);
         QFETCH(QString, message);
+        QFETCH(QString, focus);
         Window w;
         w.Open();
-        w.FindBoat("Alpha");
-        w.Find<QComboBox>("SelStatus")->setCurrentIndex(7);
+        w.FindBoat(boat);
+        if (statusOk)
+            w.Get<QComboBox>("SelStatus")->setCurrentIndex(7);
         w.TypeAndEnter("tTime", time);
         QCOMPARE(w.Info(), message);
         QCOMPARE(w.messages.beeps, 1);
-        QCOMPARE(w.Focus(), w.Field("tTime"));
+        QCOMPARE(w.Focus()->objectName(), focus);
         QCOMPARE(w.day.db.Count("Results"), 0LL);
     }
 
@@ -188,7 +186,7 @@ private slots:
         QCOMPARE(w.day.db.Count("Results"), 0LL);
 
         w.Type("tPoints", "x");
-        QTest::mouseClick(w.Find<QPushButton>("cmdOK"), Qt::LeftButton);
+        w.Click("cmdOK");
         QCOMPARE(w.Info(), QString("Penalty or redress value is invalid"));
 
         w.Type("tPoints", "-1");
@@ -200,34 +198,16 @@ private slots:
         QCOMPARE(w.Stored(w.alpha, "Notes"), std::string("Redress for 12"));
     }
 
-    void aStatusMustBeChosen() {
-        Window w;
-        w.Open();
-        w.FindBoat("Alpha");
-        QTest::mouseClick(w.Find<QPushButton>("cmdCancel"), Qt::LeftButton);  // nothing changed
-        QVERIFY(!w.window->isVisible());
-        w.Open();
-        w.FindBoat("Alpha");
-        w.TypeAndEnter("tTime", "");  // no time taken, and no status chosen
-        QCOMPARE(w.Info(), QString("Please select the finish status"));
-        QCOMPARE(w.Focus(), static_cast<QWidget*>(w.Find<QComboBox>("SelStatus")));
-    }
-
-    void aBoatWhoseClassHasNotStartedCannotBeSaved() {
-        Window w;
-        w.Open();
-        w.FindBoat("Charlie");
-        w.TypeAndEnter("tTime", "143512");
-        QCOMPARE(w.Info(), QString("Please enter the start time for Class 2"));
-        QCOMPARE(w.Focus(), static_cast<QWidget*>(w.Find<QPushButton>("cStart")));
-        QCOMPARE(w.day.db.Count("Results"), 0LL);
-    }
-
-    void aBoatWithoutAClassIsToldSo() {
+    void theSearchFindsOnlyEnteredBoatsWithAClass() {
         Window w;
         w.day.db.Exec("UPDATE Entrant SET Class=NULL WHERE Id=" + std::to_string(w.bravo));
         w.Open();
-        // The search finds only boats with a class; the list still offers it.
+        w.FindBoat("Zulu");
+        QCOMPARE(w.Info(), QString("Zulu is not entered in this race"));
+        QCOMPARE(w.messages.beeps, 1);
+        QCOMPARE(w.Focus(), static_cast<QWidget*>(w.Entry()));
+        QVERIFY(!w.Field("tTime")->isEnabled());
+        // A boat without a class is not found, but the list still offers it.
         w.FindBoat("Bravo");
         QCOMPARE(w.Info(), QString("Bravo is not entered in this race"));
         w.Entry()->setCurrentIndex(1);
@@ -237,7 +217,7 @@ private slots:
             QString("This boat has not been assigned a class.  Please check the entry details"));
     }
 
-    void theHourOfTheLastFinishIsOfferedForTheNextBoat() {
+    void theHourOfTheLastFinishIsOfferedUntilANonFinishingStatus() {
         Window w;
         w.Open();
         w.FindBoat("1234");
@@ -246,39 +226,15 @@ private slots:
         QCOMPARE(w.Focus(), w.Field("tTime"));
         QCOMPARE(w.Field("tTime")->text(), QString("14"));
         QCOMPARE(w.Field("tTime")->cursorPosition(), 2);
-        QTest::keyClicks(w.Field("tTime"), "3620");
-        QCOMPARE(w.Field("tTime")->text(), QString("143620"));
-        QTest::keyClick(w.Field("tTime"), Qt::Key_Return);
-        QCOMPARE(w.Stored(w.bravo), std::string("2005-06-12 14:36:20"));
-    }
-
-    void aNonFinishingStatusDropsTheOfferedHour() {
-        Window w;
-        const int delta = w.day.AddBoat("Delta", "GBR 4", 4, RaceDay::kClass1);
-        w.Open();
-        w.FindBoat("1234");
-        w.TypeAndEnter("tTime", "143512");
-        w.FindBoat("Delta");
-        QCOMPARE(w.Field("tTime")->text(), QString("14"));
-        auto* status = w.Find<QComboBox>("SelStatus");
+        auto* status = w.Get<QComboBox>("SelStatus");
         const int dns = status->findData(5);
         status->setFocus();
         status->setCurrentIndex(dns);
         emit status->activated(dns);
         QCOMPARE(w.Field("tTime")->text(), QString());
-        QTest::mouseClick(w.Find<QPushButton>("cmdOK"), Qt::LeftButton);
-        QCOMPARE(w.Stored(delta), std::string());
-        QCOMPARE(w.Stored(delta, "Status"), std::string("5"));
-    }
-
-    void aBoatNotInTheRaceIsReportedWithABeep() {
-        Window w;
-        w.Open();
-        w.FindBoat("Zulu");
-        QCOMPARE(w.Info(), QString("Zulu is not entered in this race"));
-        QCOMPARE(w.messages.beeps, 1);
-        QCOMPARE(w.Focus(), static_cast<QWidget*>(w.Entry()));
-        QVERIFY(!w.Field("tTime")->isEnabled());
+        w.Click("cmdOK");
+        QCOMPARE(w.Stored(w.bravo), std::string());
+        QCOMPARE(w.Stored(w.bravo, "Status"), std::string("5"));
     }
 
     void severalMatchesOpenThePickerAndItsChoiceIsShown() {
@@ -286,16 +242,15 @@ private slots:
         const int second = w.day.AddBoat("Alpha", "GBR 567", 9567, RaceDay::kClass2);
         w.day.Start(RaceDay::kClass2, "1410");
         w.Open();
-        QStringList listed;
-        tb::test::OnNextModal([&](QDialog& picker) {
-            auto* list = picker.findChild<QListWidget*>("SelBoat");
-            for (int i = 0; i < list->count(); ++i)
-                listed << list->item(i)->text();
+        int listed = 0;
+        const tb::test::NextModal picker([&](QDialog& picker) {
+            auto* list = Find<QListWidget>(&picker, "SelBoat");
+            listed = list->count();
             list->setCurrentRow(1);
             QTest::keyClick(list, Qt::Key_Return);
         });
         w.FindBoat("Alp");
-        QCOMPARE(listed.size(), 2);
+        QCOMPARE(listed, 2);
         QCOMPARE(w.messages.beeps, 1);
         QCOMPARE(w.Entry()->currentData().toInt(), second);
         QCOMPARE(w.window->focusWidget(), w.Field("tTime"));
@@ -323,23 +278,16 @@ private slots:
         QCOMPARE(w.Entry()->currentData().toInt(), w.charlie);
     }
 
-    void pickingAnotherBoatFromTheListOffersTheChangesToo() {
+    void aBoatPickedFromTheListWaitsForTheChangesToBeSaved() {
         Window w;
         w.Open();
         w.FindBoat("Alpha");
         w.Type("tTime", "999999");
         w.messages.answers = {true};
-        w.Entry()->setCurrentIndex(1);  // Bravo, picked from the list
+        w.Entry()->setCurrentIndex(1);
         QCOMPARE(w.Info(), QString("Finish time is invalid"));
         QCOMPARE(w.Entry()->currentData().toInt(), w.alpha);
         QCOMPARE(w.Field("tTime")->text(), QString("999999"));
-
-        w.Type("tTime", "143512");
-        w.messages.answers = {true};
-        w.Entry()->setCurrentIndex(1);
-        QCOMPARE(w.Stored(w.alpha), std::string("2005-06-12 14:35:12"));
-        QCOMPARE(w.Entry()->currentData().toInt(), w.bravo);
-        QCOMPARE(w.Field("tTime")->text(), QString());
     }
 
     void closingWithAChangeThatCannotBeSavedKeepsTheWindowOpen() {
@@ -359,20 +307,17 @@ private slots:
 
     void aRaceWithoutStartsOpensTheStartTimesWindowFirst() {
         Window w(false);
-        bool opened = false;
-        tb::test::OnNextModal([&](QDialog& startTimes) {
-            opened = startTimes.objectName() == "frmStartTimes";
-            startTimes.findChild<QLineEdit*>("tTime")->setText("1400");
-            QTest::mouseClick(startTimes.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-            startTimes.reject();
+        const tb::test::NextModal startTimes([](QDialog& startTimes) {
+            Find<QLineEdit>(&startTimes, "tTime")->setText("1400");
+            QTest::mouseClick(Find<QPushButton>(&startTimes, "cmdOK"), Qt::LeftButton);
         });
         w.window = std::make_unique<tb::frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
         w.window->show();
-        QTRY_VERIFY(opened);
-        QCOMPARE(w.day.db.Text("SELECT StartTime FROM Start WHERE Class=1"),
-                 std::string("2005-06-12 14:00:00"));
+        QTRY_COMPARE(startTimes.name, QString("frmStartTimes"));
         w.window->activateWindow();
         QTRY_VERIFY(w.window->isActiveWindow());
+        QCOMPARE(w.day.db.Text("SELECT StartTime FROM Start WHERE Class=1"),
+                 std::string("2005-06-12 14:00:00"));
         w.FindBoat("Alpha");
         w.TypeAndEnter("tTime", "143512");
         QCOMPARE(w.Info(), QString("Result saved"));
@@ -386,27 +331,25 @@ private slots:
                         RaceDay::kClass1);
         }
         tb::clResults results;
-        RecordingMessages messages;
+        tb::test::RecordingMessages messages;
         tb::frmResults window(results, RaceDay::kSeries, RaceDay::kRace);
         window.show();
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         // Finishing order: the boats in reverse, one every 30 s from 15:00:00; the time field
         // offers the hour, so only minutes and seconds are typed after the first.
-        QLineEdit* entry = window.findChild<QComboBox*>("SelEntry")->lineEdit();
-        QLineEdit* time = window.findChild<QLineEdit*>("tTime");
+        QLineEdit* entry = Find<QComboBox>(&window, "SelEntry")->lineEdit();
+        QLineEdit* time = Find<QLineEdit>(&window, "tTime");
         for (int place = 0; place < 20; ++place) {
-            const int sailNo = 100 + 19 - place;
-            QTest::keyClicks(entry, QString::number(sailNo));
+            QTest::keyClicks(entry, QString::number(119 - place));
             QTest::keyClick(entry, Qt::Key_Return);
             QCOMPARE(QApplication::focusWidget(), time);
-            const int seconds = place * 30;
             const QString mmss = QString("%1%2")
-                                     .arg(seconds / 60, 2, 10, QChar('0'))
-                                     .arg(seconds % 60, 2, 10, QChar('0'));
+                                     .arg(place / 2, 2, 10, QChar('0'))
+                                     .arg(place % 2 * 30, 2, 10, QChar('0'));
             QTest::keyClicks(time, place == 0 ? "15" + mmss : mmss);
             QTest::keyClick(time, Qt::Key_Return);
-            QCOMPARE(window.findChild<QLabel*>("lInfo")->text(), QString("Result saved"));
+            QCOMPARE(Find<QLabel>(&window, "lInfo")->text(), QString("Result saved"));
         }
         QVERIFY(messages.questions.empty());
 

@@ -1,16 +1,16 @@
 // The picker for several boats matching one search: aligned lines, the first preselected, and
 // the choice made the selection of the results window's boat list.
 
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QtTest>
 
 #include "data/RowSet.h"
-#include "support/RaceDay.h"
+#include "support/WindowTesting.h"
 #include "ui/frmSelectBoat.h"
+
+using tb::test::Row;
 
 class SelectBoatWindowTest : public QObject {
     Q_OBJECT
@@ -54,9 +54,9 @@ private slots:
 
     void eachWayOfConfirmingSelectsTheChosenEntrant_data() {
         QTest::addColumn<int>("way");
-        QTest::newRow("OK button") << 0;
-        QTest::newRow("double click") << 1;
-        QTest::newRow("Enter in the list") << 2;
+        Row("OK button", 0);
+        Row("double click", 1);
+        Row("Enter in the list", 2);
     }
     void eachWayOfConfirmingSelectsTheChosenEntrant() {
         QFETCH(int, way);

@@ -2,17 +2,16 @@
 // Enter to move on, wrapping back to the first class, copying the last comment and footnote.
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QtTest>
 
 #include "data/clResults.h"
 #include "support/RaceDay.h"
-#include "support/RecordingMessages.h"
+#include "support/WindowTesting.h"
 #include "ui/frmStartTimes.h"
 
 using tb::test::RaceDay;
-using tb::test::RecordingMessages;
+using tb::test::Row;
 
 class StartTimesWindowTest : public QObject {
     Q_OBJECT
@@ -21,38 +20,31 @@ private:
     struct Window {
         RaceDay day;
         tb::clResults results;
-        RecordingMessages messages;
+        tb::test::RecordingMessages messages;
         std::unique_ptr<tb::frmStartTimes> window;
 
-        Window() {
+        void Open() {
             window = std::make_unique<tb::frmStartTimes>(results, RaceDay::kSeries, RaceDay::kRace);
-            Show();
-        }
-        void Show() {
             window->show();
             window->activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(window.get()));
         }
         template <typename T>
-        T* Find(const char* name) {
-            return window->findChild<T*>(name);
+        T* Get(const char* name) {
+            return tb::test::Find<T>(window.get(), name);
         }
-        QString Text(const char* name) { return Find<QLineEdit>(name)->text(); }
-        QString ClassShown() { return Find<QLabel>("lClass")->text(); }
-        // Types into the field after clearing it, as a user selecting the text would.
+        QString Text(const char* name) { return Get<QLineEdit>(name)->text(); }
+        QString ClassShown() { return Get<QLabel>("lClass")->text(); }
         void Type(const char* name, const QString& text) {
-            QLineEdit* field = Find<QLineEdit>(name);
-            field->setFocus();
-            field->selectAll();
-            QTest::keyClick(field, Qt::Key_Delete);
-            QTest::keyClicks(field, text);
+            Get<QLineEdit>(name)->setFocus();
+            tb::test::Type(Get<QLineEdit>(name), text);
         }
         // Types the time, Enter to reach OK, Enter to save.
         void EnterTime(const QString& hhmm) {
             Type("tTime", hhmm);
-            QTest::keyClick(Find<QLineEdit>("tTime"), Qt::Key_Return);
-            QCOMPARE(QApplication::focusWidget(), Find<QPushButton>("cmdOK"));
-            QTest::keyClick(Find<QPushButton>("cmdOK"), Qt::Key_Return);
+            QTest::keyClick(Get<QLineEdit>("tTime"), Qt::Key_Return);
+            QCOMPARE(QApplication::focusWidget(), Get<QPushButton>("cmdOK"));
+            QTest::keyClick(Get<QPushButton>("cmdOK"), Qt::Key_Return);
         }
         std::string Stored(int classId) {
             return day.db.Text("SELECT StartTime FROM Start WHERE Schedule=10 AND Class=" +
@@ -61,95 +53,83 @@ private:
     };
 
 private slots:
-    void opensOnTheFirstClassWithTheRaceDate() {
+    void storesEachClassInTurnAndWrapsToTheFirst() {
         Window w;
-        QCOMPARE(w.Find<QLabel>("lSeries")->text(), QString("Summer Series"));
-        QCOMPARE(w.Find<QLabel>("lRace")->text(), QString("Race 1 - 12/06/2005"));
+        w.Open();
+        QCOMPARE(w.Get<QLabel>("lSeries")->text(), QString("Summer Series"));
+        QCOMPARE(w.Get<QLabel>("lRace")->text(), QString("Race 1 - 12/06/2005"));
         QCOMPARE(w.ClassShown(), QString("Class 1"));
-        QCOMPARE(w.Text("tTime"), QString());
         QCOMPARE(w.Text("tDate"), QString("12/06/2005"));
-        QCOMPARE(w.window->windowTitle(), QString("Start times"));
-        QVERIFY(!w.Find<QPushButton>("cmdCopy")->isEnabled());
+        QVERIFY(!w.Get<QPushButton>("cmdCopy")->isEnabled());
         QCOMPARE(w.day.db.Count("Start"), 2LL);
         tb::test::Screenshot(*w.window, "frmStartTimes");
-    }
 
-    void storesATypedStartAndStepsToTheNextClass() {
-        Window w;
         w.EnterTime("1405");
         QCOMPARE(w.Stored(RaceDay::kClass1), std::string("2005-06-12 14:05:00"));
         QCOMPARE(w.ClassShown(), QString("Class 2"));
-        QVERIFY(w.messages.shown.empty());
-    }
-
-    void refusesTimesThatAreNotFourDigitsOfADay_data() {
-        QTest::addColumn<QString>("time");
-        QTest::newRow("hour 24") << "2400";
-        QTest::newRow("minute 60") << "1260";
-        QTest::newRow("three digits") << "930";
-        QTest::newRow("a letter") << "14a5";
-    }
-    void refusesTimesThatAreNotFourDigitsOfADay() {
-        QFETCH(QString, time);
-        Window w;
-        w.EnterTime(time);
-        QCOMPARE(w.messages.Texts(), std::vector<std::string>{"E-Please enter a valid start time"});
-        QCOMPARE(w.Stored(RaceDay::kClass1), std::string());
-        QCOMPARE(w.ClassShown(), QString("Class 1"));
-        QCOMPARE(QApplication::focusWidget(), w.Find<QLineEdit>("tTime"));
-    }
-
-    void refusesAnImpossibleDate() {
-        Window w;
-        w.Type("tDate", "31/06/2005");
-        w.EnterTime("1405");
-        QCOMPARE(w.messages.Texts(), std::vector<std::string>{"E-Please enter a valid start date"});
-        QCOMPARE(QApplication::focusWidget(), w.Find<QLineEdit>("tDate"));
-        QCOMPARE(w.Stored(RaceDay::kClass1), std::string());
-    }
-
-    void clearingTheTimeClearsTheStart() {
-        Window w;
-        w.day.Start(RaceDay::kClass1, "1405");
-        w.window = std::make_unique<tb::frmStartTimes>(w.results, RaceDay::kSeries, RaceDay::kRace);
-        w.Show();
-        QCOMPARE(w.Text("tTime"), QString("1405"));
-        w.Type("tTime", "");
-        QTest::mouseClick(w.Find<QPushButton>("cmdOK"), Qt::LeftButton);
-        QCOMPARE(w.Stored(RaceDay::kClass1), std::string());
-    }
-
-    void savingTheLastClassWrapsToTheFirstShowingWhatWasStored() {
-        Window w;
-        w.EnterTime("1405");
         w.Type("tDate", "13/06/2005");
         w.EnterTime("1410");
+        QCOMPARE(w.Stored(RaceDay::kClass2), std::string("2005-06-13 14:10:00"));
         QCOMPARE(w.ClassShown(), QString("Class 1"));
         QCOMPARE(w.Text("tTime"), QString("1405"));
         QCOMPARE(w.Text("tDate"), QString("12/06/2005"));
-        QCOMPARE(w.Stored(RaceDay::kClass2), std::string("2005-06-13 14:10:00"));
+        QVERIFY(w.messages.shown.empty());
+    }
+
+    void refusesAnImpossibleTimeOrDate_data() {
+        QTest::addColumn<QString>("date");
+        QTest::addColumn<QString>("time");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("focus");
+        const QString badTime = "E-Please enter a valid start time";
+        Row("hour 24", "12/06/2005", "2400", badTime, "tTime");
+        Row("minute 60", "12/06/2005", "1260", badTime, "tTime");
+        Row("three digits", "12/06/2005", "930", badTime, "tTime");
+        Row("a letter", "12/06/2005", "14a5", badTime, "tTime");
+        Row("31 June", "31/06/2005", "1405", "E-Please enter a valid start date", "tDate");
+    }
+    void refusesAnImpossibleTimeOrDate() {
+        QFETCH(QString, date);
+        QFETCH(QString, time);
+        QFETCH(QString, message);
+        QFETCH(QString, focus);
+        Window w;
+        w.Open();
+        w.Type("tDate", date);
+        w.EnterTime(time);
+        QCOMPARE(tb::test::Shown(w.messages), QStringList{message});
+        QCOMPARE(w.Stored(RaceDay::kClass1), std::string());
+        QCOMPARE(w.ClassShown(), QString("Class 1"));
+        QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+    }
+
+    void clearingTheTimeClearsTheStartAndCancelSavesNothing() {
+        Window w;
+        w.day.Start(RaceDay::kClass1, "1405");
+        w.Open();
+        QCOMPARE(w.Text("tTime"), QString("1405"));
+        w.Type("tTime", "");
+        QTest::mouseClick(w.Get<QPushButton>("cmdOK"), Qt::LeftButton);
+        QCOMPARE(w.Stored(RaceDay::kClass1), std::string());
+        w.Type("tTime", "1405");
+        QTest::mouseClick(w.Get<QPushButton>("cmdCancel"), Qt::LeftButton);
+        QVERIFY(!w.window->isVisible());
+        QCOMPARE(w.Stored(RaceDay::kClass2), std::string());
     }
 
     void copyPutsTheLastSavedTextsIntoTheNextClass() {
         Window w;
+        w.Open();
         w.Type("tComment", "  Wind SW 3  ");
         w.Type("tFootnote", "Protests by 21:00");
         w.EnterTime("1405");
         QCOMPARE(w.day.db.Text("SELECT TopNote FROM Start WHERE Class=1"),
                  std::string("Wind SW 3"));
-        QVERIFY(w.Find<QPushButton>("cmdCopy")->isEnabled());
+        QVERIFY(w.Get<QPushButton>("cmdCopy")->isEnabled());
         QCOMPARE(w.Text("tComment"), QString());
-        QTest::mouseClick(w.Find<QPushButton>("cmdCopy"), Qt::LeftButton);
+        QTest::mouseClick(w.Get<QPushButton>("cmdCopy"), Qt::LeftButton);
         QCOMPARE(w.Text("tComment"), QString("Wind SW 3"));
         QCOMPARE(w.Text("tFootnote"), QString("Protests by 21:00"));
-    }
-
-    void cancelClosesWithoutSaving() {
-        Window w;
-        w.Type("tTime", "1405");
-        QTest::mouseClick(w.Find<QPushButton>("cmdCancel"), Qt::LeftButton);
-        QVERIFY(!w.window->isVisible());
-        QCOMPARE(w.Stored(RaceDay::kClass1), std::string());
     }
 };
 

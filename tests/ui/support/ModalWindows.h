@@ -1,36 +1,28 @@
 #pragma once
 
-#include <QApplication>
-#include <QTimer>
-#include <QWidget>
+#include <QDialog>
+#include <QString>
 #include <functional>
 #include <memory>
 
+class QTimer;
+
 namespace tb::test {
 
-// Runs action on the next modal window that a button opens with exec(), once it is shown, so a
-// test can fill it in and close it. Checks every few milliseconds for a modal window other than
-// the one given (the window the test is driving, if that is modal itself).
-inline void WhenModalOpens(std::function<void(QWidget*)> action, QWidget* opener = nullptr) {
-    auto* timer = new QTimer(qApp);
-    timer->setInterval(5);
-    QObject::connect(timer, &QTimer::timeout, [timer, action = std::move(action), opener] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (modal == nullptr || modal == opener || !modal->isVisible())
-            return;
-        timer->stop();
-        timer->deleteLater();
-        action(modal);
-    });
-    timer->start();
-}
+// While it lives, waits for the next modal window that a button opens with exec(), lets `act`
+// fill it in, then closes it if `act` left it open (as a refused save does), so a test cannot
+// hang on it. `name` tells which window opened; it stays empty when none did.
+class NextModal {
+public:
+    explicit NextModal(std::function<void(QDialog&)> act = {});
+    ~NextModal();
+    NextModal(const NextModal&) = delete;
+    NextModal& operator=(const NextModal&) = delete;
 
-template <typename T>
-T* Find(QWidget* window, const char* name) {
-    T* found = window->findChild<T*>(name);
-    if (found == nullptr)
-        qFatal("no control named %s", name);
-    return found;
-}
+    QString name;
+
+private:
+    std::unique_ptr<QTimer> poll_;
+};
 
 }  // namespace tb::test

@@ -1,9 +1,5 @@
 #include "support/RaceDay.h"
 
-#include <QApplication>
-#include <QTimer>
-#include <QWidget>
-
 namespace tb::test {
 
 RaceDay::RaceDay() {
@@ -52,25 +48,6 @@ void RaceDay::Start(int classId, const std::string& hhmm) {
     } else {
         db.Exec("UPDATE Start SET StartTime=" + time + " WHERE Schedule=10 AND Class=" + cls);
     }
-}
-
-void OnNextModal(std::function<void(QDialog&)> handle) {
-    auto* timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, handle] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr)
-            return;
-        timer->stop();
-        timer->deleteLater();
-        handle(*dialog);
-    });
-    timer->start(10);
-}
-
-void Screenshot(QWidget& window, const QString& name) {
-    const QString folder = qEnvironmentVariable("TALLYBOARD_SCREENSHOTS");
-    if (!folder.isEmpty())
-        window.grab().save(folder + "/" + name + ".png");
 }
 
 }  // namespace tb::test

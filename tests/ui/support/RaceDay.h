@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QDialog>
-#include <QString>
-#include <functional>
 #include <string>
 
 #include "support/TestDatabase.h"
@@ -30,11 +27,5 @@ public:
 private:
     int boats_ = 0;
 };
-
-// Runs handle on the next modal dialog as soon as it is up (its exec() is running).
-void OnNextModal(std::function<void(QDialog&)> handle);
-
-// Saves a picture of the window into $TALLYBOARD_SCREENSHOTS/<name>.png when that is set.
-void Screenshot(QWidget& window, const QString& name);
 
 }  // namespace tb::test

@@ -1,12 +1,76 @@
 #include "support/WindowTesting.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
-#include <QWidget>
 
 namespace tb::test {
+
+NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique<QTimer>()) {
+    QObject::connect(poll_.get(), &QTimer::timeout, [this, act = std::move(act)] {
+        auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (window == nullptr || !window->isVisible())
+            return;
+        poll_->stop();
+        name = window->objectName();
+        if (act)
+            act(*window);
+        if (window->isVisible())
+            window->done(QDialog::Rejected);
+    });
+    poll_->start(5);
+}
+
+NextModal::~NextModal() = default;
+
+void Type(QLineEdit* field, const QString& text) {
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, text);
+}
+
+void Choose(QComboBox* list, const QString& text) {
+    list->setCurrentIndex(list->findText(text));
+}
+
+QStringList Items(const QComboBox* list) {
+    QStringList items;
+    for (int i = 0; i < list->count(); ++i)
+        items << list->itemText(i);
+    return items;
+}
+
+QStringList Lines(const QListWidget* list) {
+    QStringList lines;
+    for (int i = 0; i < list->count(); ++i)
+        lines << list->item(i)->text();
+    return lines;
+}
+
+QStringList Shown(const RecordingMessages& messages) {
+    QStringList texts;
+    for (const auto& text : messages.Texts())
+        texts << QString::fromStdString(text);
+    return texts;
+}
+
+QString LastShown(const RecordingMessages& messages) {
+    return messages.shown.empty() ? QString() : QString::fromStdString(messages.shown.back().text);
+}
+
+void Controls::Press(const char* button) const {
+    Get<QPushButton>(button)->click();
+}
+
+void Controls::Type(const char* field, const QString& text) const {
+    test::Type(Get<QLineEdit>(field), text);
+}
+
+void Controls::Choose(const char* list, const QString& text) const {
+    test::Choose(Get<QComboBox>(list), text);
+}
 
 TemporarySettingsStore::TemporarySettingsStore() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
@@ -18,25 +82,14 @@ TemporarySettingsStore::~TemporarySettingsStore() {
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
 }
 
-NextModalWindow::NextModalWindow(std::function<void(QWidget*)> meanwhile)
-    : poll_(std::make_unique<QTimer>()) {
-    QObject::connect(poll_.get(), &QTimer::timeout, [this, meanwhile] {
-        QWidget* window = QApplication::activeModalWidget();
-        if (window == nullptr || !window->isVisible())
-            return;
-        poll_->stop();
-        name = window->objectName();
-        if (meanwhile)
-            meanwhile(window);
-        window->close();
-    });
-    poll_->start(5);
-}
-
-NextModalWindow::~NextModalWindow() = default;
-
 void SettleEvents() {
     QTest::qWait(10);
+}
+
+void Screenshot(QWidget& window, const QString& name) {
+    const QString folder = qEnvironmentVariable("TALLYBOARD_SCREENSHOTS");
+    if (!folder.isEmpty())
+        window.grab().save(folder + "/" + name + ".png");
 }
 
 }  // namespace tb::test

@@ -1,17 +1,54 @@
 #pragma once
 
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QString>
 #include <QStringList>
-#include <functional>
-#include <memory>
+#include <QTest>
 
+#include "support/ModalWindows.h"
+#include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 #include "ui/ReportViewer.h"
 
-class QTimer;
-class QWidget;
-
 namespace tb::test {
+
+template <typename T>
+T* Find(const QObject* window, const QString& name) {
+    T* found = window->findChild<T*>(name);
+    if (found == nullptr)
+        qFatal("no control named %s", qPrintable(name));
+    return found;
+}
+
+// Adds a named row to a Qt Test table, one value per column in order.
+template <typename... Values>
+void Row(const char* name, Values... values) {
+    (QTest::newRow(name) << ... << values);
+}
+
+// Replaces a field's text by typing, so the window sees a user's edit.
+void Type(QLineEdit* field, const QString& text);
+void Choose(QComboBox* list, const QString& text);
+QStringList Items(const QComboBox* list);
+QStringList Lines(const QListWidget* list);
+// The messages shown, each as kind letter + "-" + text.
+QStringList Shown(const RecordingMessages& messages);
+// The text of the last message shown, without its kind; empty when none was shown.
+QString LastShown(const RecordingMessages& messages);
+
+// Acts on the controls of one window by name.
+struct Controls {
+    const QObject* window;
+    template <typename T>
+    T* Get(const char* name) const {
+        return Find<T>(window, name);
+    }
+    void Press(const char* button) const;
+    void Type(const char* field, const QString& text) const;
+    void Choose(const char* list, const QString& text) const;
+};
 
 // Points the user's settings store at a temporary folder, empty, for the lifetime of the object.
 class TemporarySettingsStore {
@@ -33,22 +70,10 @@ public:
     QStringList opened;
 };
 
-// While it lives, waits for the next modal window, lets `meanwhile` act on it, then closes it;
-// `name` tells which window a button opened (empty when none did).
-class NextModalWindow {
-public:
-    explicit NextModalWindow(std::function<void(QWidget*)> meanwhile = {});
-    ~NextModalWindow();
-    NextModalWindow(const NextModalWindow&) = delete;
-    NextModalWindow& operator=(const NextModalWindow&) = delete;
-
-    QString name;
-
-private:
-    std::unique_ptr<QTimer> poll_;
-};
-
 // Lets queued work (the first activation of a window) run.
 void SettleEvents();
+
+// Saves a picture of the window into $TALLYBOARD_SCREENSHOTS/<name>.png when that is set.
+void Screenshot(QWidget& window, const QString& name);
 
 }  // namespace tb::test
