@@ -5,8 +5,7 @@
 #include <memory>
 
 #include "data/clResults.h"
-#include "support/RecordingMessages.h"
-#include "support/RegisterFixtures.h"
+#include "support/WindowTesting.h"
 #include "ui/frmScoring.h"
 
 using namespace tb;
@@ -20,7 +19,7 @@ class ScoringEditorTest : public QObject {
     std::unique_ptr<RecordingMessages> messages;
 
     static QLineEdit* Box(const QWidget& w, const char* name, int index) {
-        return Child<QLineEdit>(w, QString("%1_%2").arg(name).arg(index).toUtf8().constData());
+        return Find<QLineEdit>(&w, QString("%1_%2").arg(name).arg(index).toUtf8().constData());
     }
     static QStringList Values(const QWidget& w) {
         QStringList values;
@@ -62,18 +61,18 @@ private slots:
     void showsTheFirstSystemOfEachKind() {
         frmScoring w(*results);
         QCOMPARE(w.windowTitle(), QString("Scoring - points and discards"));
-        QCOMPARE(Child<QComboBox>(w, "SelScoring")->currentText(), QString("Average"));
+        QCOMPARE(Find<QComboBox>(&w, "SelScoring")->currentText(), QString("Average"));
         QCOMPARE(Values(w), QStringList({"2", "4", "6", "8", "10", "12", "14", "10.5", "2", "2", "",
                                          "5", ""}));
-        QCOMPARE(Child<QComboBox>(w, "SelBase")->currentText(), QString("No of entrants"));
-        QCOMPARE(Child<QComboBox>(w, "SelBaseDSQ")->currentText(), QString("No of starters"));
-        QCOMPARE(Child<QComboBox>(w, "SelDiscards")->currentText(), QString("None"));
+        QCOMPARE(Find<QComboBox>(&w, "SelBase")->currentText(), QString("No of entrants"));
+        QCOMPARE(Find<QComboBox>(&w, "SelBaseDSQ")->currentText(), QString("No of starters"));
+        QCOMPARE(Find<QComboBox>(&w, "SelDiscards")->currentText(), QString("None"));
 
-        Choose(Child<QComboBox>(w, "SelScoring"), "Low points");
+        Choose(Find<QComboBox>(&w, "SelScoring"), "Low points");
         QCOMPARE(Values(w),
                  QStringList({"1", "2", "3", "4", "5", "6", "7", "1", "1", "1", "", "", ""}));
-        QCOMPARE(Child<QComboBox>(w, "SelBaseDSQ")->currentIndex(), 0);
-        Choose(Child<QComboBox>(w, "SelDiscards"), "One after 4, two after 8");
+        QCOMPARE(Find<QComboBox>(&w, "SelBaseDSQ")->currentIndex(), 0);
+        Choose(Find<QComboBox>(&w, "SelDiscards"), "One after 4, two after 8");
         QCOMPARE(Box(w, "tRun", 1)->text(), QString("8"));
         QCOMPARE(Box(w, "tDiscards", 1)->text(), QString("2"));
         QCOMPARE(Box(w, "tRun", 2)->text(), QString());
@@ -82,10 +81,10 @@ private slots:
 
     void blankMinimumAndBlankDiscardLineAreSaved() {
         frmScoring w(*results);
-        Choose(Child<QComboBox>(w, "SelDiscards"), "One after 4, two after 8");
+        Choose(Find<QComboBox>(&w, "SelDiscards"), "One after 4, two after 8");
         Type(Box(w, "tValue", 11), " ");
         Type(Box(w, "tRun", 0), "3");
-        Child<QPushButton>(w, "cmdOK")->click();
+        Find<QPushButton>(&w, "cmdOK")->click();
         QVERIFY(messages->shown.empty());
         QCOMPARE(w.result(), int(QDialog::Accepted));
         QCOMPARE(db->Count("Points",
@@ -104,21 +103,11 @@ private slots:
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("message");
-        QTest::newRow("empty place") << "tValue_0"
-                                     << ""
-                                     << "E-Please specify a valid number of points";
-        QTest::newRow("empty DNC value") << "tValue_9"
-                                         << " "
-                                         << "E-Please specify a valid number of points";
-        QTest::newRow("text minimum") << "tValue_12"
-                                      << "min"
-                                      << "E-Please specify a valid number of points";
-        QTest::newRow("races run") << "tRun_4"
-                                   << "four"
-                                   << "E-Please specify a valid number of races";
-        QTest::newRow("discards") << "tDiscards_3"
-                                  << "1x"
-                                  << "E-Please specify a valid number of dicards";
+        Row("empty place", "tValue_0", "", "E-Please specify a valid number of points");
+        Row("empty DNC value", "tValue_9", " ", "E-Please specify a valid number of points");
+        Row("text minimum", "tValue_12", "min", "E-Please specify a valid number of points");
+        Row("races run", "tRun_4", "four", "E-Please specify a valid number of races");
+        Row("discards", "tDiscards_3", "1x", "E-Please specify a valid number of dicards");
     }
     void everyBoxIsCheckedInOrder() {
         QFETCH(QString, box);
@@ -127,12 +116,12 @@ private slots:
         frmScoring w(*results);
         w.show();
         QVERIFY(QTest::qWaitForWindowActive(&w));
-        Type(Child<QLineEdit>(w, box.toUtf8().constData()), text);
+        Type(Find<QLineEdit>(&w, box.toUtf8().constData()), text);
         Type(Box(w, "tValue", 1), "two");
         if (!box.startsWith("tValue"))
             Type(Box(w, "tValue", 1), "2");
-        Child<QPushButton>(w, "cmdOK")->click();
-        QCOMPARE(messages->Texts(), std::vector<std::string>{message.toStdString()});
+        Find<QPushButton>(&w, "cmdOK")->click();
+        QCOMPARE(Shown(*messages), QStringList{message});
         const QString expectedFocus = box == "tValue_9" || box == "tValue_12" ? "tValue_1" : box;
         QCOMPARE(QApplication::focusWidget()->objectName(), expectedFocus);
         QVERIFY(w.isVisible());
@@ -141,10 +130,10 @@ private slots:
 
     void namesAreRequiredAndTheDiscardNameWins() {
         frmScoring w(*results);
-        Child<QPushButton>(w, "cmdAddScoring")->click();
-        Child<QPushButton>(w, "cmdOK")->click();
-        Child<QPushButton>(w, "cmdAddDiscard")->click();
-        Child<QPushButton>(w, "cmdOK")->click();
+        Find<QPushButton>(&w, "cmdAddScoring")->click();
+        Find<QPushButton>(&w, "cmdOK")->click();
+        Find<QPushButton>(&w, "cmdAddDiscard")->click();
+        Find<QPushButton>(&w, "cmdOK")->click();
         QCOMPARE(messages->Texts(),
                  (std::vector<std::string>{"E-Please specify a name for the scoring system",
                                            "E-Please specify a name for the discard system"}));
@@ -153,12 +142,12 @@ private slots:
 
     void addedSystemStartsFromTheOneShown() {
         frmScoring w(*results);
-        Child<QPushButton>(w, "cmdAddScoring")->click();
-        QCOMPARE(Child<QComboBox>(w, "SelScoring")->currentText(), QString());
+        Find<QPushButton>(&w, "cmdAddScoring")->click();
+        QCOMPARE(Find<QComboBox>(&w, "SelScoring")->currentText(), QString());
         QCOMPARE(Values(w)[7], QString("10.5"));
         QCOMPARE(Values(w)[11], QString("5"));
-        QTest::keyClicks(Child<QComboBox>(w, "SelScoring")->lineEdit(), "  Club points ");
-        Child<QPushButton>(w, "cmdOK")->click();
+        QTest::keyClicks(Find<QComboBox>(&w, "SelScoring")->lineEdit(), "  Club points ");
+        Find<QPushButton>(&w, "cmdOK")->click();
         QVERIFY(messages->shown.empty());
         const std::string id = db->Text("SELECT Id FROM Scoring WHERE Description = 'Club points'");
         QCOMPARE(db->Count("Points", "Scoring = " + id), 15);
@@ -171,10 +160,10 @@ private slots:
     void duplicateNameKeepsTheWindowOpen() {
         frmScoring w(*results);
         w.show();
-        auto* list = Child<QComboBox>(w, "SelScoring");
+        auto* list = Find<QComboBox>(&w, "SelScoring");
         list->lineEdit()->clear();
         QTest::keyClicks(list->lineEdit(), "low POINTS");
-        Child<QPushButton>(w, "cmdOK")->click();
+        Find<QPushButton>(&w, "cmdOK")->click();
         QCOMPARE(
             messages->Texts(),
             std::vector<std::string>{"E-Another scoring system named 'low POINTS' already exists"});
@@ -184,12 +173,12 @@ private slots:
 
     void systemsInUseAreListedAndKept() {
         frmScoring w(*results);
-        Choose(Child<QComboBox>(w, "SelScoring"), "Low points");
-        Choose(Child<QComboBox>(w, "SelDiscards"), "One after 4, two after 8");
-        emit Child<QLabel>(w, "ListSeries")->linkActivated("series");
-        Child<QPushButton>(w, "cmdRemove")->click();
-        emit Child<QLabel>(w, "Label11")->linkActivated("series");
-        Child<QPushButton>(w, "cmdRemoveDis")->click();
+        Choose(Find<QComboBox>(&w, "SelScoring"), "Low points");
+        Choose(Find<QComboBox>(&w, "SelDiscards"), "One after 4, two after 8");
+        emit Find<QLabel>(&w, "ListSeries")->linkActivated("series");
+        Find<QPushButton>(&w, "cmdRemove")->click();
+        emit Find<QLabel>(&w, "Label11")->linkActivated("series");
+        Find<QPushButton>(&w, "cmdRemoveDis")->click();
         QVERIFY(messages->questions.empty());
         QCOMPARE(messages->shown.size(), std::size_t{4});
         QCOMPARE(messages->shown[0].title, std::string("Scoring system: Low points"));
@@ -207,20 +196,20 @@ private slots:
 
     void unusedSystemsAreRemovedAfterAsking() {
         frmScoring w(*results);
-        emit Child<QLabel>(w, "ListSeries")->linkActivated("series");
+        emit Find<QLabel>(&w, "ListSeries")->linkActivated("series");
         QCOMPARE(messages->shown[0].text,
                  std::string("This scoring system is not used in any series"));
         messages->answers = {false, true, true};
-        Child<QPushButton>(w, "cmdRemove")->click();
+        Find<QPushButton>(&w, "cmdRemove")->click();
         QCOMPARE(db->Count("Scoring"), 2);
-        Child<QPushButton>(w, "cmdRemove")->click();
-        Child<QPushButton>(w, "cmdRemoveDis")->click();
+        Find<QPushButton>(&w, "cmdRemove")->click();
+        Find<QPushButton>(&w, "cmdRemoveDis")->click();
         QCOMPARE(messages->questions, (std::vector<std::string>{"Remove scoring system Average?",
                                                                 "Remove scoring system Average?",
                                                                 "Remove discard rule None?"}));
         QCOMPARE(db->Count("Scoring"), 1);
         QCOMPARE(db->Count("DiscardSystem"), 1);
-        QCOMPARE(Child<QComboBox>(w, "SelScoring")->currentText(), QString("Low points"));
+        QCOMPARE(Find<QComboBox>(&w, "SelScoring")->currentText(), QString("Low points"));
         QCOMPARE(Values(w)[0], QString("1"));
         QCOMPARE(Box(w, "tRun", 0)->text(), QString("4"));
     }
