@@ -10,14 +10,13 @@
 #include "app/Globals.h"
 #include "data/Conversions.h"
 #include "data/clResults.h"
-#include "support/ModalWindows.h"
-#include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
+#include "support/WindowTesting.h"
 #include "ui/ListLines.h"
 #include "ui/frmEntryDetail.h"
 
 using tb::test::Find;
-using tb::test::WhenModalOpens;
+using tb::test::LastShown;
+using tb::test::NextModal;
 
 namespace {
 
@@ -68,10 +67,7 @@ void Click(QWidget* window, const char* button) {
 }
 
 void Type(QWidget* window, const char* field, const QString& text) {
-    auto* edit = Find<QLineEdit>(window, field);
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
+    tb::test::Type(Find<QLineEdit>(window, field), text);
 }
 
 void SelectBoat(QWidget* window, int boatId) {
@@ -96,14 +92,10 @@ void Tick(QWidget* window, int row, bool ticked) {
 
 int CheckedType(QWidget* window) {
     for (int k = 0; k < 4; ++k) {
-        if (Find<QRadioButton>(window, qPrintable("rEnter_" + QString::number(k)))->isChecked())
+        if (Find<QRadioButton>(window, "rEnter_" + QString::number(k))->isChecked())
             return k;
     }
     return -1;
-}
-
-QString LastShown(const tb::test::RecordingMessages& messages) {
-    return messages.shown.empty() ? QString() : QString::fromStdString(messages.shown.back().text);
 }
 
 }  // namespace
@@ -112,7 +104,6 @@ class TestEntryEditor : public QObject {
     Q_OBJECT
 private slots:
     void opensOnTheFirstEnteredBoatWithItsRacesAndHandicaps();
-    void aBoatNotEnteredShowsItsOwnerAndNothingTicked();
     void theEntrantTypeTicksRacesFromTheEntryDate();
     void okChecksInOrderThenSavesExactlyTheTickedRaces();
     void removalAsksTheLongerQuestionWhenThereAreResults();
@@ -148,7 +139,7 @@ void TestEntryEditor::opensOnTheFirstEnteredBoatWithItsRacesAndHandicaps() {
     QCOMPARE(club.messages.shown.back().icon, tb::MessageIcon::Information);
 }
 
-void TestEntryEditor::aBoatNotEnteredShowsItsOwnerAndNothingTicked() {
+void TestEntryEditor::theEntrantTypeTicksRacesFromTheEntryDate() {
     Club club;
     tb::frmEntryDetail window(club.results, kSeries);
     window.show();
@@ -156,6 +147,7 @@ void TestEntryEditor::aBoatNotEnteredShowsItsOwnerAndNothingTicked() {
     auto* boats = Find<QComboBox>(&window, "SelEntry");
     QCOMPARE(boats->count(), 2);
     QCOMPARE(boats->currentData().toInt(), kAvocet);
+    // A boat not entered shows its owner and nothing else.
     SelectBoat(&window, kKestrel);
     QCOMPARE(Find<QComboBox>(&window, "SelEntrant")->currentText(), QString("O'Hara, Ann"));
     QCOMPARE(Find<QComboBox>(&window, "SelClass")->currentIndex(), -1);
@@ -164,15 +156,7 @@ void TestEntryEditor::aBoatNotEnteredShowsItsOwnerAndNothingTicked() {
     QCOMPARE(CheckedType(&window), -1);
     QCOMPARE(Ticks(&window), QString("----"));
     QVERIFY(!Find<QPushButton>(&window, "cmdOK")->isEnabled());
-    QVERIFY(club.messages.questions.empty());
-}
 
-void TestEntryEditor::theEntrantTypeTicksRacesFromTheEntryDate() {
-    Club club;
-    tb::frmEntryDetail window(club.results, kSeries);
-    window.show();
-    Click(&window, "RShow_2");
-    SelectBoat(&window, kKestrel);
     Type(&window, "tEntryDate", "17/06/02");
     const QList<QPair<const char*, QString>> choices = {
         {"rEnter_3", "-xxx"},  // series: every race from 17 June
@@ -321,16 +305,15 @@ void TestEntryEditor::boatEditorButtonsAndANewBoat() {
     tb::frmEntryDetail window(club.results, kSeries);
     window.show();
 
-    QString opened;
-    WhenModalOpens([&](QWidget* editor) {
-        opened = editor->objectName();
-        editor->close();
-    });
-    Click(&window, "cmdEdit");
-    QCOMPARE(opened, QString("frmBoatDetail"));
-    QCOMPARE(tb::SelectedId, kAvocet);
-    WhenModalOpens([](QWidget* editor) { editor->close(); });
+    {
+        const NextModal editor;
+        Click(&window, "cmdEdit");
+        QCOMPARE(editor.name, QString("frmBoatDetail"));
+        QCOMPARE(tb::SelectedId, kAvocet);
+    }
+    const NextModal editor;
     Click(&window, "cmdAdd");
+    QCOMPARE(editor.name, QString("frmBoatDetail"));
     QCOMPARE(tb::SelectedId, -1);
 
     club.db.Exec("INSERT INTO People (Firstname, Lastname) VALUES ('Cy', 'Abbot')");
