@@ -5,8 +5,6 @@
 #include "app/Globals.h"
 #include "app/desktop/frmMain.h"
 #include "data/Schema.h"
-#include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
 #include "support/WindowTesting.h"
 #include "ui/StartupSettings.h"
 
@@ -14,22 +12,12 @@ using namespace tb;
 
 namespace {
 
+using test::Items;
+using test::Row;
+using test::Shown;
+
 const QString kTitleStart = QStringLiteral("Tallyboard") + QString(19, QLatin1Char(' ')) +
                             QStringLiteral("Data last updated ");
-
-QStringList Items(const QComboBox* list) {
-    QStringList items;
-    for (int i = 0; i < list->count(); ++i)
-        items << list->itemText(i);
-    return items;
-}
-
-QStringList Texts(const test::RecordingMessages& messages) {
-    QStringList texts;
-    for (const auto& text : messages.Texts())
-        texts << QString::fromStdString(text);
-    return texts;
-}
 
 }  // namespace
 
@@ -115,15 +103,15 @@ private slots:
             QStringList({"Race 1 - 06/05/2026", "Race 2 - 13/05/2026", "Race 3 - 20/05/2026"}));
         QCOMPARE(main->CurrentRaceId(), second);
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("21 Nov 2026 18:42"));
-        QCOMPARE(Texts(*messages), QStringList());
+        QCOMPARE(Shown(*messages), QStringList());
         QCOMPARE(DataFile, db->path());
         QCOMPARE(ReportPath, DefaultReportPath());
     }
 
     void withoutAUsableYearEverySeriesIsListed_data() {
         QTest::addColumn<QString>("rememberedYear");
-        QTest::newRow("nothing remembered") << QString();
-        QTest::newRow("a year without races any more") << QStringLiteral("2019");
+        Row("nothing remembered", QString());
+        Row("a year without races any more", QStringLiteral("2019"));
     }
     void withoutAUsableYearEverySeriesIsListed() {
         QFETCH(QString, rememberedYear);
@@ -175,7 +163,7 @@ private slots:
         QCOMPARE(Items(List(*main, "SelRace")),
                  QStringList({"Race 1 - 07/12/2025", "Race 2 - 04/01/2026"}));
         QCOMPARE(Remembered("LastSeriesYr"), std::string("2025"));
-        QCOMPARE(Texts(*messages), QStringList());
+        QCOMPARE(Shown(*messages), QStringList());
     }
 
     void choosingASeriesAndARaceRemembersThem() {
@@ -203,25 +191,17 @@ private slots:
         const QString noSeries = QStringLiteral("E-Please first select or create a series");
         const QString noRace =
             QStringLiteral("E-Please first  select a race or create a schedule for the series");
-        QTest::newRow("entries, no series") << "empty"
-                                            << "cmdEntries" << noSeries;
-        QTest::newRow("results, no series") << "empty"
-                                            << "cmdResults" << noSeries;
-        QTest::newRow("reports, no series") << "empty"
-                                            << "cmdReports" << noSeries;
-        QTest::newRow("entries, series without races")
-            << "no races"
-            << "cmdEntries" << QStringLiteral("E-Please first create a schedule for the series");
-        QTest::newRow("results, series without races") << "no races"
-                                                       << "cmdResults" << noRace;
-        QTest::newRow("reports, series without races") << "no races"
-                                                       << "cmdReports" << noRace;
-        QTest::newRow("results, series without classes")
-            << "no classes"
-            << "cmdResults" << QStringLiteral("I-There are no classes in this series");
-        QTest::newRow("reports, series without classes")
-            << "no classes"
-            << "cmdReports" << QStringLiteral("I-There are no classes in this series");
+        Row("entries, no series", "empty", "cmdEntries", noSeries);
+        Row("results, no series", "empty", "cmdResults", noSeries);
+        Row("reports, no series", "empty", "cmdReports", noSeries);
+        Row("entries, series without races", "no races", "cmdEntries",
+            QStringLiteral("E-Please first create a schedule for the series"));
+        Row("results, series without races", "no races", "cmdResults", noRace);
+        Row("reports, series without races", "no races", "cmdReports", noRace);
+        Row("results, series without classes", "no classes", "cmdResults",
+            QStringLiteral("I-There are no classes in this series"));
+        Row("reports, series without classes", "no classes", "cmdReports",
+            QStringLiteral("I-There are no classes in this series"));
     }
     void buttonsRefuseUntilTheContextIsComplete() {
         QFETCH(QString, situation);
@@ -234,9 +214,9 @@ private slots:
         }
 
         auto main = OpenMain();
-        const test::NextModalWindow opened;
+        const test::NextModal opened;
         Press(*main, button.toLatin1().constData());
-        QCOMPARE(Texts(*messages), QStringList({message}));
+        QCOMPARE(Shown(*messages), QStringList({message}));
         QVERIFY(opened.name.isEmpty());
     }
 
@@ -245,23 +225,15 @@ private slots:
         QTest::addColumn<QString>("window");
         QTest::addColumn<int>("selectedId");
         QTest::addColumn<QStringList>("shown");
-        QTest::newRow("series") << "cmdSeries"
-                                << "frmSeries" << 7 << QStringList();
-        QTest::newRow("entries") << "cmdEntries"
-                                 << "frmEntryDetail" << 7 << QStringList();
-        QTest::newRow("results") << "cmdResults"
-                                 << "frmResults" << 7
-                                 << QStringList({"I-This race does not have any entrants"});
-        QTest::newRow("reports") << "cmdReports"
-                                 << "frmReport" << 7 << QStringList();
-        QTest::newRow("boats") << "cmdBoats"
-                               << "frmBoatDetail" << -1 << QStringList();
-        QTest::newRow("people") << "cmdPeople"
-                                << "frmPeopleDetail" << 0 << QStringList();
-        QTest::newRow("scoring") << "cmdScoring"
-                                 << "frmScoring" << 7 << QStringList();
-        QTest::newRow("options") << "cmdSettings"
-                                 << "frmOptions" << 7 << QStringList();
+        Row("series", "cmdSeries", "frmSeries", 7, QStringList());
+        Row("entries", "cmdEntries", "frmEntryDetail", 7, QStringList());
+        Row("results", "cmdResults", "frmResults", 7,
+            QStringList({"I-This race does not have any entrants"}));
+        Row("reports", "cmdReports", "frmReport", 7, QStringList());
+        Row("boats", "cmdBoats", "frmBoatDetail", -1, QStringList());
+        Row("people", "cmdPeople", "frmPeopleDetail", 0, QStringList());
+        Row("scoring", "cmdScoring", "frmScoring", 7, QStringList());
+        Row("options", "cmdSettings", "frmOptions", 7, QStringList());
     }
     void buttonsOpenTheirWindowsAndTheListsAreRefreshedAfterwards() {
         QFETCH(QString, button);
@@ -279,7 +251,7 @@ private slots:
         SelectedId = 7;
 
         auto main = OpenMain();
-        const test::NextModalWindow opened([this](QWidget*) {
+        const test::NextModal opened([this](QDialog&) {
             AddRace(AddSeries("Autumn Series"), "Race 1", "2026-10-04");
             Remember("LastModified", "02 Jun 2026 10:15");
         });
@@ -289,7 +261,7 @@ private slots:
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
         QCOMPARE(Items(List(*main, "SelSeries")), QStringList({"Autumn Series", "Summer Series"}));
         QCOMPARE(main->CurrentSeriesId(), summer);
-        QCOMPARE(Texts(*messages), shown);
+        QCOMPARE(Shown(*messages), shown);
     }
 
     void aMissingDataFileIsReportedOnceAndFoundLater() {
@@ -298,7 +270,7 @@ private slots:
 
         auto main = OpenMain();
         QCOMPARE(messages->shown.size(), std::size_t{1});
-        const QString shown = Texts(*messages).front();
+        const QString shown = Shown(*messages).front();
         QVERIFY2(shown.startsWith("C-Error ") && shown.contains(" in ConnectDb\r"),
                  qPrintable(shown));
         QCOMPARE(List(*main, "SelYear")->count(), 0);
@@ -312,9 +284,9 @@ private slots:
                 "INSERT INTO Settings (Parameter, Value) VALUES ('LastModified', '03 Jun 2026 "
                 "08:30')");
         messages->Clear();
-        const test::NextModalWindow boats;
+        const test::NextModal boats;
         Press(*main, "cmdBoats");
-        QCOMPARE(Texts(*messages), QStringList());
+        QCOMPARE(Shown(*messages), QStringList());
         QCOMPARE(Items(List(*main, "SelSeries")), QStringList({"Summer Series"}));
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
     }
@@ -326,7 +298,7 @@ private slots:
         WriteStartupSetting(kDataFileKey, QString::fromStdString(path));
 
         auto main = OpenMain();
-        const QStringList shown = Texts(*messages);
+        const QStringList shown = Shown(*messages);
         QCOMPARE(shown.size(), 1);
         QVERIFY2(shown.front().startsWith("C-Error ") && shown.front().contains("ConnectDb"),
                  qPrintable(shown.front()));

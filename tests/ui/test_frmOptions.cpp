@@ -9,13 +9,12 @@
 
 #include "app/Globals.h"
 #include "data/clResults.h"
-#include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
 #include "support/WindowTesting.h"
 #include "ui/StartupSettings.h"
 #include "ui/frmOptions.h"
 
 using namespace tb;
+using test::Row;
 
 class OptionsWindowTest : public QObject {
     Q_OBJECT
@@ -65,12 +64,7 @@ private:
     QComboBox* Types() { return Control<QComboBox>("SelHCs"); }
     void Press(const char* button) { Control<QPushButton>(button)->click(); }
     void FollowLink(const char* label) { emit Control<QLabel>(label)->linkActivated({}); }
-    QStringList Shown() {
-        QStringList texts;
-        for (const auto& text : messages->Texts())
-            texts << QString::fromStdString(text);
-        return texts;
-    }
+    QStringList Shown() { return test::Shown(*messages); }
 
 private slots:
     void init() {
@@ -111,22 +105,14 @@ private slots:
         QTest::addColumn<QString>("reportDir");
         QTest::addColumn<QString>("message");
         QTest::addColumn<bool>("stored");
-        QTest::newRow("both exist") << "<db>"
-                                    << "<folder>" << QString() << true;
-        QTest::newRow("both left empty") << ""
-                                         << "   " << QString() << false;
-        QTest::newRow("missing data file")
-            << "/nowhere/Tallyboard.db"
-            << "<folder>"
-            << "E-The data file /nowhere/Tallyboard.db was not found" << false;
-        QTest::newRow("missing report folder")
-            << "<db>"
-            << "/nowhere/Reports"
-            << "E-The report directory /nowhere/Reports was not found" << false;
-        QTest::newRow("report folder that is a file")
-            << "<db>"
-            << "<db>"
-            << "E-The report directory <db> was not found" << false;
+        Row("both exist", "<db>", "<folder>", QString(), true);
+        Row("both left empty", "", " ", QString(), false);
+        Row("missing data file", "/nowhere/Tallyboard.db", "<folder>",
+            "E-The data file /nowhere/Tallyboard.db was not found", false);
+        Row("missing report folder", "<db>", "/nowhere/Reports",
+            "E-The report directory /nowhere/Reports was not found", false);
+        Row("report folder that is a file", "<db>", "<db>",
+            "E-The report directory <db> was not found", false);
     }
     void checksBothPathsBeforeStoringEither() {
         QFETCH(QString, dataFile);
@@ -220,10 +206,10 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("typesLeft");
         const QString inUse = QStringLiteral("I-Delete is not allowed as handicap type is in use");
-        QTest::newRow("used by a series") << "series" << true << inUse << 2;
-        QTest::newRow("used by a boat") << "boat" << true << inUse << 2;
-        QTest::newRow("unused, answered No") << "" << false << QString() << 2;
-        QTest::newRow("unused, answered Yes") << "" << true << QString() << 1;
+        Row("used by a series", "series", true, inUse, 2);
+        Row("used by a boat", "boat", true, inUse, 2);
+        Row("unused, answered No", "", false, QString(), 2);
+        Row("unused, answered Yes", "", true, QString(), 1);
     }
     void removesOnlyATypeNothingUses() {
         QFETCH(QString, use);
@@ -255,9 +241,9 @@ private slots:
 
     void actionsOnNoTypeSayNoneIsSelected_data() {
         QTest::addColumn<QString>("action");
-        QTest::newRow("remove") << "cmdRemove";
-        QTest::newRow("list boats") << "ListModels";
-        QTest::newRow("list series") << "ListSeries";
+        Row("remove", "cmdRemove");
+        Row("list boats", "ListModels");
+        Row("list series", "ListSeries");
     }
     void actionsOnNoTypeSayNoneIsSelected() {
         QFETCH(QString, action);

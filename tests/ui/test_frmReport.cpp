@@ -8,12 +8,11 @@
 
 #include "app/Globals.h"
 #include "data/clResults.h"
-#include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
 #include "support/WindowTesting.h"
 #include "ui/frmReport.h"
 
 using namespace tb;
+using test::Row;
 
 namespace {
 
@@ -129,39 +128,34 @@ private slots:
 
     void choosingAKindListsItsActions_data() {
         QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("chosen");
         QTest::addColumn<QStringList>("actions");
-        QTest::newRow("entry list") << 0
-                                    << QStringList({"Everyone / 2", "In a spreadsheet / 2",
-                                                    "As a web page / 2", "Filed only / 2"});
-        QTest::newRow("class sheet") << 2 << QStringList({"Sheet / 0"});
-        QTest::newRow("a kind without actions") << 5 << QStringList();
+        Row("entry list", 0, 0,
+            QStringList(
+                {"Everyone / 2", "In a spreadsheet / 2", "As a web page / 2", "Filed only / 2"}));
+        Row("class sheet", 2, 2, QStringList({"Sheet / 0"}));
+        Row("a kind without actions", 5, 5, QStringList());
+        Row("a free slot", 1, 3, QStringList({"Series entrants / 0", "Sub-series entrants / 1"}));
     }
     void choosingAKindListsItsActions() {
         QFETCH(int, kind);
+        QFETCH(int, chosen);
         QFETCH(QStringList, actions);
         frmReport window(*results, seriesId, raceId, viewer);
         QTest::mouseClick(Kind(window, kind), Qt::LeftButton);
-        QVERIFY(Kind(window, kind)->isChecked());
+        QVERIFY(Kind(window, chosen)->isChecked());
         QCOMPARE(Actions(window), actions);
         QCOMPARE(window.findChild<QListWidget*>(QStringLiteral("SelAction"))->currentRow(),
                  actions.isEmpty() ? -1 : 0);
     }
 
-    void aFreeSlotCannotBeChosen() {
-        frmReport window(*results, seriesId, raceId, viewer);
-        QTest::mouseClick(Kind(window, 1), Qt::LeftButton);
-        QVERIFY(!Kind(window, 1)->isChecked());
-        QVERIFY(Kind(window, 3)->isChecked());
-        QCOMPARE(Actions(window).size(), 2);
-    }
-
     void okWritesTheReportAndOpensItWithTheActionsViewer_data() {
         QTest::addColumn<int>("action");
         QTest::addColumn<QString>("viewedWith");
-        QTest::newRow("browser") << 0 << "browser";
-        QTest::newRow("spreadsheet") << 1 << "spreadsheet";
-        QTest::newRow("browser, second code") << 2 << "browser";
-        QTest::newRow("not opened") << 3 << "";
+        Row("browser", 0, "browser");
+        Row("spreadsheet", 1, "spreadsheet");
+        Row("browser, second code", 2, "browser");
+        Row("not opened", 3, "");
     }
     void okWritesTheReportAndOpensItWithTheActionsViewer() {
         QFETCH(int, action);
