@@ -21,39 +21,33 @@ class OptionsWindowTest : public QObject {
 
 private:
     std::unique_ptr<test::TemporarySettingsStore> store;
-    std::unique_ptr<test::TestDatabase> db;
-    std::unique_ptr<test::RecordingMessages> messages;
-    std::unique_ptr<clResults> results;
+    std::unique_ptr<test::Club> club;
     std::unique_ptr<frmOptions> window;
 
     int AddType(const std::string& description) {
-        db->Exec("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
-        return static_cast<int>(db->raw().getLastInsertRowid());
+        return club->Add("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
     }
     void AddBoatsRatedIn(int type, int boats) {
         for (int n = 1; n <= boats; ++n) {
-            db->Exec("INSERT INTO Boat (BoatName, FullSailNo) VALUES ('Boat " +
-                     std::string(n < 10 ? "0" : "") + std::to_string(n) + "', 'GBR " +
-                     std::to_string(n) + "')");
-            db->Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap) VALUES (" +
-                     std::to_string(db->raw().getLastInsertRowid()) + ", " + std::to_string(type) +
-                     ", 0.95)");
+            club->db.Exec("INSERT INTO Boat (BoatName, FullSailNo) VALUES ('Boat " +
+                          std::string(n < 10 ? "0" : "") + std::to_string(n) + "', 'GBR " +
+                          std::to_string(n) + "')");
+            club->db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap) VALUES (" +
+                          std::to_string(club->db.raw().getLastInsertRowid()) + ", " +
+                          std::to_string(type) + ", 0.95)");
         }
     }
     void AddSeriesUsing(int type, const std::string& title, const std::string& firstRace) {
-        db->Exec("INSERT INTO Series (Title) VALUES ('" + title + "')");
-        const std::string series = std::to_string(db->raw().getLastInsertRowid());
-        db->Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
-                 ", 'Fleet', " + std::to_string(type) + ")");
-        db->Exec("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" + series +
-                 ", 'Race 1', '" + firstRace + " 00:00:00')");
-    }
-    std::string Setting(const std::string& name) {
-        return db->Text("SELECT Value FROM Settings WHERE Parameter='" + name + "'");
+        const std::string series =
+            std::to_string(club->Add("INSERT INTO Series (Title) VALUES ('" + title + "')"));
+        club->db.Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
+                      ", 'Fleet', " + std::to_string(type) + ")");
+        club->db.Exec("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" + series +
+                      ", 'Race 1', '" + firstRace + " 00:00:00')");
     }
 
     void Open() {
-        window = std::make_unique<frmOptions>(*results);
+        window = std::make_unique<frmOptions>(club->results);
         window->show();
         test::SettleEvents();
     }
@@ -64,40 +58,36 @@ private:
     QComboBox* Types() { return Control<QComboBox>("SelHCs"); }
     void Press(const char* button) { Control<QPushButton>(button)->click(); }
     void FollowLink(const char* label) { emit Control<QLabel>(label)->linkActivated({}); }
-    QStringList Shown() { return test::Shown(*messages); }
+    QStringList Shown() { return test::Shown(club->messages); }
 
 private slots:
     void init() {
         store = std::make_unique<test::TemporarySettingsStore>();
-        db = std::make_unique<test::TestDatabase>();
-        ReportPath = db->folder() + "/";
-        messages = std::make_unique<test::RecordingMessages>();
-        results = std::make_unique<clResults>();
+        club = std::make_unique<test::Club>();
+        ReportPath = club->db.folder() + "/";
     }
     void cleanup() {
         window.reset();
-        results.reset();
-        messages.reset();
-        db.reset();
+        club.reset();
         store.reset();
     }
 
     void showsTheSettingsPathsTypesAndSchema() {
-        db->Exec("UPDATE Settings SET Value='Harbour Sailing Club' WHERE Parameter='Header'");
-        db->Exec("UPDATE Settings SET Value='2.3' WHERE Parameter='Version'");
+        club->db.Exec("UPDATE Settings SET Value='Harbour Sailing Club' WHERE Parameter='Header'");
+        club->db.Exec("UPDATE Settings SET Value='2.3' WHERE Parameter='Version'");
         AddType("Portsmouth");
         const int irc = AddType("IRC");
         Open();
         QCOMPARE(Control<QLineEdit>("tHeading")->text(), QStringLiteral("Harbour Sailing Club"));
         QCOMPARE(Control<QLineEdit>("tComment")->text(), QString());
-        QCOMPARE(Control<QLineEdit>("tDataFile")->text(), QString::fromStdString(db->path()));
+        QCOMPARE(Control<QLineEdit>("tDataFile")->text(), QString::fromStdString(club->db.path()));
         QCOMPARE(Control<QLineEdit>("tReportDir")->text(), QString::fromStdString(ReportPath));
         QCOMPARE(Types()->count(), 2);
         QCOMPARE(Types()->currentText(), QStringLiteral("IRC"));
         QCOMPARE(Types()->currentData().toInt(), irc);
         QCOMPARE(Control<QLabel>("lInfo")->text(),
                  QStringLiteral("Build 27b (05-Nov-09) Schema 2.3"));
-        QVERIFY(messages->shown.empty());
+        QVERIFY(club->messages.shown.empty());
     }
 
     void checksBothPathsBeforeStoringEither_data() {
@@ -119,8 +109,8 @@ private slots:
         QFETCH(QString, reportDir);
         QFETCH(QString, message);
         QFETCH(bool, stored);
-        const QString dbPath = QString::fromStdString(db->path());
-        const QString folder = QString::fromStdString(db->folder());
+        const QString dbPath = QString::fromStdString(club->db.path());
+        const QString folder = QString::fromStdString(club->db.folder());
         dataFile.replace("<db>", dbPath);
         reportDir.replace("<db>", dbPath).replace("<folder>", folder);
         message.replace("<db>", dbPath);
@@ -142,24 +132,25 @@ private slots:
         Control<QLineEdit>("tHeading")->setText("  Harbour SC ");
         Control<QLineEdit>("tFootnote")->setText("Protests within one hour");
         Press("cmdOK");
-        QVERIFY(messages->shown.empty());
-        QCOMPARE(Setting("Header"), std::string("Harbour SC"));
-        QCOMPARE(Setting("Comment"), std::string());
-        QCOMPARE(Setting("Footnote"), std::string("Protests within one hour"));
+        QVERIFY(club->messages.shown.empty());
+        QCOMPARE(club->Setting("Header"), std::string("Harbour SC"));
+        QCOMPARE(club->Setting("Comment"), std::string());
+        QCOMPARE(club->Setting("Footnote"), std::string("Protests within one hour"));
     }
 
     void addsRenamesAndKeepsHandicapTypes() {
         const int irc = AddType("IRC");
         Open();
         Press("cmdOK");
-        QCOMPARE(db->Count("HandicapType"), 1LL);
-        QCOMPARE(db->Text("SELECT Description FROM HandicapType"), std::string("IRC"));
+        QCOMPARE(club->db.Count("HandicapType"), 1LL);
+        QCOMPARE(club->db.Text("SELECT Description FROM HandicapType"), std::string("IRC"));
 
         Open();
         QTest::keyClicks(Types()->lineEdit(), " 2026");
         Press("cmdOK");
-        QCOMPARE(db->Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(irc)),
-                 std::string("IRC 2026"));
+        QCOMPARE(
+            club->db.Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(irc)),
+            std::string("IRC 2026"));
 
         Open();
         Press("AddHCs");
@@ -167,9 +158,9 @@ private slots:
         QVERIFY(Types()->currentText().isEmpty());
         QTest::keyClicks(Types()->lineEdit(), "Portsmouth");
         Press("cmdOK");
-        QVERIFY(messages->shown.empty());
-        QCOMPARE(db->Count("HandicapType"), 2LL);
-        QCOMPARE(db->Count("HandicapType", "Description='Portsmouth'"), 1LL);
+        QVERIFY(club->messages.shown.empty());
+        QCOMPARE(club->db.Count("HandicapType"), 2LL);
+        QCOMPARE(club->db.Count("HandicapType", "Description='Portsmouth'"), 1LL);
     }
 
     void refusesANewTypeWithoutNameOrWithATakenName() {
@@ -180,7 +171,7 @@ private slots:
         QCOMPARE(Shown(), QStringList({"E-Please specify a name for the handicap type"}));
         QVERIFY(window->isVisible());
 
-        messages->Clear();
+        club->messages.Clear();
         Control<QLineEdit>("tHeading")->setText("Harbour SC");
         QApplication::setActiveWindow(window.get());
         Types()->setFocus();
@@ -190,14 +181,14 @@ private slots:
         Press("cmdOK");
         QCOMPARE(Shown(), QStringList({"E-Another handicap system named 'irc' already exists"}));
         QVERIFY(window->isVisible());
-        QCOMPARE(Setting("Header"), std::string("Harbour SC"));
-        QCOMPARE(db->Count("HandicapType"), 1LL);
+        QCOMPARE(club->Setting("Header"), std::string("Harbour SC"));
+        QCOMPARE(club->db.Count("HandicapType"), 1LL);
 
-        messages->Clear();
+        club->messages.Clear();
         Types()->setFocus();
         QTest::keyClick(Types()->lineEdit(), Qt::Key_Return);
         QCOMPARE(Shown(), QStringList({"E-Another handicap system named 'irc' already exists"}));
-        QCOMPARE(db->Text("SELECT Description FROM HandicapType"), std::string("IRC"));
+        QCOMPARE(club->db.Text("SELECT Description FROM HandicapType"), std::string("IRC"));
     }
 
     void removesOnlyATypeNothingUses_data() {
@@ -216,25 +207,25 @@ private slots:
         QFETCH(bool, answer);
         QFETCH(QString, message);
         QFETCH(int, typesLeft);
-        const int club = AddType("Club");
+        const int clubType = AddType("Club");
         AddType("IRC");
         if (use == "series")
-            AddSeriesUsing(club, "Summer Series", "2026-06-07");
+            AddSeriesUsing(clubType, "Summer Series", "2026-06-07");
         if (use == "boat")
-            AddBoatsRatedIn(club, 1);
-        messages->answers.push_back(answer);
+            AddBoatsRatedIn(clubType, 1);
+        club->messages.answers.push_back(answer);
         Open();
         QCOMPARE(Types()->currentText(), QStringLiteral("Club"));
         Press("cmdRemove");
 
         QCOMPARE(Shown(), message.isEmpty() ? QStringList() : QStringList({message}));
         const bool asked = message.isEmpty();
-        QCOMPARE(messages->questions.size(), std::size_t{asked ? 1u : 0u});
+        QCOMPARE(club->messages.questions.size(), std::size_t{asked ? 1u : 0u});
         if (asked) {
-            QCOMPARE(messages->questions.front(), std::string("Remove handicap type Club?"));
-            QCOMPARE(messages->questionTitles.front(), std::string("Tallyboard"));
+            QCOMPARE(club->messages.questions.front(), std::string("Remove handicap type Club?"));
+            QCOMPARE(club->messages.questionTitles.front(), std::string("Tallyboard"));
         }
-        QCOMPARE(db->Count("HandicapType"), static_cast<long long>(typesLeft));
+        QCOMPARE(club->db.Count("HandicapType"), static_cast<long long>(typesLeft));
         QCOMPARE(Types()->count(), typesLeft);
         QCOMPARE(Types()->currentIndex(), 0);
     }
@@ -255,7 +246,7 @@ private slots:
         else
             FollowLink(action.toLatin1().constData());
         QCOMPARE(Shown(), QStringList({"I-No handicap type is selected"}));
-        QCOMPARE(db->Count("HandicapType"), 1LL);
+        QCOMPARE(club->db.Count("HandicapType"), 1LL);
     }
 
     void listsTheBoatsAndSeriesUsingAType() {
@@ -266,18 +257,18 @@ private slots:
         Open();
 
         FollowLink("ListModels");
-        QCOMPARE(messages->shown.size(), std::size_t{1});
-        QCOMPARE(messages->shown[0].title, std::string("Handicap type: IRC"));
+        QCOMPARE(club->messages.shown.size(), std::size_t{1});
+        QCOMPARE(club->messages.shown[0].title, std::string("Handicap type: IRC"));
         std::string boats = "This handicap type is used by 25 boats: (first 20 shown)";
         for (int n = 1; n <= 20; ++n)
             boats += "\r\nBoat " + std::string(n < 10 ? "0" : "") + std::to_string(n);
-        QCOMPARE(messages->shown[0].text, boats);
+        QCOMPARE(club->messages.shown[0].text, boats);
 
-        messages->Clear();
+        club->messages.Clear();
         FollowLink("ListSeries");
-        QCOMPARE(messages->shown.size(), std::size_t{1});
-        QCOMPARE(messages->shown[0].title, std::string("Handicap type: IRC"));
-        QCOMPARE(messages->shown[0].text,
+        QCOMPARE(club->messages.shown.size(), std::size_t{1});
+        QCOMPARE(club->messages.shown[0].title, std::string("Handicap type: IRC"));
+        QCOMPARE(club->messages.shown[0].text,
                  std::string("This handicap type is used in 2 series:\r\nAutumn Series (2025)"
                              "\r\nSpring Cup (2026)"));
     }

@@ -40,9 +40,7 @@ class ReportWindowTest : public QObject {
 
 private:
     std::unique_ptr<test::TempFolder> programFolder;
-    std::unique_ptr<test::TestDatabase> db;
-    std::unique_ptr<test::RecordingMessages> messages;
-    std::unique_ptr<clResults> results;
+    std::unique_ptr<test::Club> club;
     test::RecordingViewer viewer;
     int seriesId = 0;
     int raceId = 0;
@@ -50,25 +48,24 @@ private:
     // One boat of the series' only class, entered for the race.
     void EnterABoat() {
         const std::string series = std::to_string(seriesId);
-        db->Exec("INSERT INTO HandicapType (Description) VALUES ('Club')");
-        const std::string type = std::to_string(db->raw().getLastInsertRowid());
-        db->Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
-                 ", 'Cruisers', " + type + ")");
-        const std::string cls = std::to_string(db->raw().getLastInsertRowid());
-        db->Exec("INSERT INTO People (Firstname, Lastname) VALUES ('Ann', 'Lee')");
-        const std::string person = std::to_string(db->raw().getLastInsertRowid());
-        db->Exec("INSERT INTO BoatType (Model) VALUES ('Sigma 33')");
-        const std::string model = std::to_string(db->raw().getLastInsertRowid());
-        db->Exec(
-            "INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES "
-            "('Blue Heron', " +
-            model + ", 'GBR 4012', 4012, " + person + ")");
-        const std::string boat = std::to_string(db->raw().getLastInsertRowid());
-        db->Exec("INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (" +
-                 series + ", " + boat + ", " + cls + ", 0, " + person + ")");
-        db->Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
-                 std::to_string(db->raw().getLastInsertRowid()) + ", " + std::to_string(raceId) +
-                 ")");
+        const std::string type =
+            std::to_string(club->Add("INSERT INTO HandicapType (Description) VALUES ('Club')"));
+        const std::string cls = std::to_string(
+            club->Add("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
+                      ", 'Cruisers', " + type + ")"));
+        const std::string person = std::to_string(
+            club->Add("INSERT INTO People (Firstname, Lastname) VALUES ('Ann', 'Lee')"));
+        const std::string model =
+            std::to_string(club->Add("INSERT INTO BoatType (Model) VALUES ('Sigma 33')"));
+        const std::string boat = std::to_string(
+            club->Add("INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES "
+                      "('Blue Heron', " +
+                      model + ", 'GBR 4012', 4012, " + person + ")"));
+        const int entrant =
+            club->Add("INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (" +
+                      series + ", " + boat + ", " + cls + ", 0, " + person + ")");
+        club->db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
+                      std::to_string(entrant) + ", " + std::to_string(raceId) + ")");
     }
 
     QRadioButton* Kind(QWidget& window, int kind) {
@@ -89,27 +86,21 @@ private slots:
         programFolder = std::make_unique<test::TempFolder>();
         std::ofstream(programFolder->path() + "/Tallyboard.ini") << kMenu;
         SetProgramFolder(programFolder->path());
-        db = std::make_unique<test::TestDatabase>();
-        db->Exec("INSERT INTO Series (Title) VALUES ('Wednesday Evening')");
-        seriesId = static_cast<int>(db->raw().getLastInsertRowid());
-        db->Exec("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" +
-                 std::to_string(seriesId) + ", 'Race 4', '2026-06-03 00:00:00')");
-        raceId = static_cast<int>(db->raw().getLastInsertRowid());
-        messages = std::make_unique<test::RecordingMessages>();
+        club = std::make_unique<test::Club>();
+        seriesId = club->Add("INSERT INTO Series (Title) VALUES ('Wednesday Evening')");
+        raceId = club->Add("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" +
+                           std::to_string(seriesId) + ", 'Race 4', '2026-06-03 00:00:00')");
         viewer.opened.clear();
-        results = std::make_unique<clResults>();
-        QCOMPARE(results->GetInitialisationInfo(), std::string());
+        QCOMPARE(club->results.GetInitialisationInfo(), std::string());
     }
     void cleanup() {
-        results.reset();
-        messages.reset();
-        db.reset();
+        club.reset();
         SetProgramFolder({});
         programFolder.reset();
     }
 
     void offersTheKindsOfTheMenuAndStartsWithRaceResults() {
-        frmReport window(*results, seriesId, raceId, viewer);
+        frmReport window(club->results, seriesId, raceId, viewer);
         const QStringList titles = {"Entry list by handicap", "", "Class sheet",
                                     "Race results",           "", "Combined results"};
         for (int kind = 0; kind < 6; ++kind) {
@@ -123,7 +114,7 @@ private slots:
                  QStringLiteral("Wednesday Evening"));
         QCOMPARE(window.findChild<QLabel*>(QStringLiteral("lRace"))->text(),
                  QStringLiteral("Race 4 - 03/06/2026"));
-        QVERIFY(messages->shown.empty());
+        QVERIFY(club->messages.shown.empty());
     }
 
     void choosingAKindListsItsActions_data() {
@@ -141,7 +132,7 @@ private slots:
         QFETCH(int, kind);
         QFETCH(int, chosen);
         QFETCH(QStringList, actions);
-        frmReport window(*results, seriesId, raceId, viewer);
+        frmReport window(club->results, seriesId, raceId, viewer);
         QTest::mouseClick(Kind(window, kind), Qt::LeftButton);
         QVERIFY(Kind(window, chosen)->isChecked());
         QCOMPARE(Actions(window), actions);
@@ -161,16 +152,16 @@ private slots:
         QFETCH(int, action);
         QFETCH(QString, viewedWith);
         EnterABoat();
-        ReportPath = db->folder() + "/";
-        frmReport window(*results, seriesId, raceId, viewer);
+        ReportPath = club->db.folder() + "/";
+        frmReport window(club->results, seriesId, raceId, viewer);
         window.show();
         QTest::mouseClick(Kind(window, 0), Qt::LeftButton);
         window.findChild<QListWidget*>(QStringLiteral("SelAction"))->setCurrentRow(action);
         window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
 
-        QCOMPARE(messages->Texts(), std::vector<std::string>());
+        QCOMPARE(club->messages.Texts(), std::vector<std::string>());
         QVERIFY(window.isVisible());
-        const QString written = QString::fromStdString(db->folder()) + "/2026/0603__2E.xml";
+        const QString written = QString::fromStdString(club->db.folder()) + "/2026/0603__2E.xml";
         QVERIFY2(QFileInfo::exists(written), qPrintable(written));
         QCOMPARE(viewer.opened,
                  viewedWith.isEmpty() ? QStringList() : QStringList({viewedWith + ": " + written}));
@@ -178,20 +169,20 @@ private slots:
 
     void aReportFolderThatCannotBeWrittenIsReportedAndNothingOpens() {
         EnterABoat();
-        ReportPath = db->path() + "/";
-        frmReport window(*results, seriesId, raceId, viewer);
+        ReportPath = club->db.path() + "/";
+        frmReport window(club->results, seriesId, raceId, viewer);
         window.show();
         QTest::mouseClick(Kind(window, 0), Qt::LeftButton);
         window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
-        QCOMPARE(messages->shown.size(), std::size_t{1});
+        QCOMPARE(club->messages.shown.size(), std::size_t{1});
         QVERIFY(window.isVisible());
         QCOMPARE(viewer.opened, QStringList());
     }
 
     void aSeriesThatIsGoneIsReportedAndLeavesTheLabelsEmpty() {
-        frmReport window(*results, seriesId + 100, raceId, viewer);
-        QCOMPARE(messages->shown.size(), std::size_t{1});
-        QVERIFY(messages->Texts().front().rfind("C-Error ", 0) == 0);
+        frmReport window(club->results, seriesId + 100, raceId, viewer);
+        QCOMPARE(club->messages.shown.size(), std::size_t{1});
+        QVERIFY(club->messages.Texts().front().rfind("C-Error ", 0) == 0);
         QVERIFY(window.findChild<QLabel*>(QStringLiteral("lSeries"))->text().isEmpty());
         QVERIFY(window.findChild<QLabel*>(QStringLiteral("lRace"))->text().isEmpty());
     }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "data/clResults.h"
-#include "support/TestDatabase.h"
 #include "support/WindowTesting.h"
 
 namespace tb::test {
@@ -9,7 +7,7 @@ namespace tb::test {
 // A small club register in a fresh database, with messages recorded: three people, three
 // models, three boats with two handicaps, and one series with a race that Blue Moon and John
 // Smith entered.
-struct Register {
+struct Register : Club {
     Register() {
         db.Exec(
             "INSERT INTO People (Id, Firstname, Lastname, City, ClubMember) VALUES "
@@ -29,9 +27,6 @@ struct Register {
             "(1, 1, 'Race 1', '2010-04-10 00:00:00');"
             "INSERT INTO Entrant (Id, Series, Boat, Entrant, EntrantType) VALUES (1, 1, 2, 2, 0);");
     }
-    TestDatabase db;
-    clResults results;
-    RecordingMessages messages;
 };
 
 }  // namespace tb::test

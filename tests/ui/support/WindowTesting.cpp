@@ -25,6 +25,15 @@ NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique
 
 NextModal::~NextModal() = default;
 
+int Club::Add(const std::string& insert) {
+    db.Exec(insert);
+    return static_cast<int>(db.raw().getLastInsertRowid());
+}
+
+std::string Club::Setting(const std::string& parameter) {
+    return db.Text("SELECT Value FROM Settings WHERE Parameter='" + parameter + "'");
+}
+
 void Type(QLineEdit* field, const QString& text) {
     field->selectAll();
     QTest::keyClick(field, Qt::Key_Delete);

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTest>
 
+#include "data/clResults.h"
 #include "support/ModalWindows.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
@@ -21,6 +22,17 @@ T* Find(const QObject* window, const QString& name) {
         qFatal("no control named %s", qPrintable(name));
     return found;
 }
+
+// A fresh database with the program's operations over it and its messages recorded.
+struct Club {
+    // Runs the insert and returns the new row's Id.
+    int Add(const std::string& insert);
+    std::string Setting(const std::string& parameter);
+
+    TestDatabase db;
+    clResults results;
+    RecordingMessages messages;
+};
 
 // Adds a named row to a Qt Test table, one value per column in order.
 template <typename... Values>
