@@ -230,22 +230,32 @@ private slots:
         QCOMPARE(Types()->currentIndex(), 0);
     }
 
-    void actionsOnNoTypeSayNoneIsSelected_data() {
+    void actionsOnNoTypeOrAnUnusedTypeSaySo_data() {
+        QTest::addColumn<bool>("newType");
         QTest::addColumn<QString>("action");
-        Row("remove", "cmdRemove");
-        Row("list boats", "ListModels");
-        Row("list series", "ListSeries");
+        QTest::addColumn<QString>("message");
+        const QString none = "I-No handicap type is selected";
+        Row("remove, no type", true, "cmdRemove", none);
+        Row("list boats, no type", true, "ListModels", none);
+        Row("list series, no type", true, "ListSeries", none);
+        Row("list boats, unused", false, "ListModels",
+            "I-This handicap type is not used by any boats");
+        Row("list series, unused", false, "ListSeries",
+            "I-This handicap type is not used in any series");
     }
-    void actionsOnNoTypeSayNoneIsSelected() {
+    void actionsOnNoTypeOrAnUnusedTypeSaySo() {
+        QFETCH(bool, newType);
         QFETCH(QString, action);
+        QFETCH(QString, message);
         AddType("IRC");
         Open();
-        Press("AddHCs");
+        if (newType)
+            Press("AddHCs");
         if (action == "cmdRemove")
             Press("cmdRemove");
         else
             FollowLink(action.toLatin1().constData());
-        QCOMPARE(Shown(), QStringList({"I-No handicap type is selected"}));
+        QCOMPARE(Shown(), QStringList{message});
         QCOMPARE(club->db.Count("HandicapType"), 1LL);
     }
 
@@ -271,15 +281,6 @@ private slots:
         QCOMPARE(club->messages.shown[0].text,
                  std::string("This handicap type is used in 2 series:\r\nAutumn Series (2025)"
                              "\r\nSpring Cup (2026)"));
-    }
-
-    void anUnusedTypeSaysSo() {
-        AddType("IRC");
-        Open();
-        FollowLink("ListModels");
-        FollowLink("ListSeries");
-        QCOMPARE(Shown(), QStringList({"I-This handicap type is not used by any boats",
-                                       "I-This handicap type is not used in any series"}));
     }
 };
 

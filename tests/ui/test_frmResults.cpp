@@ -96,43 +96,39 @@ private slots:
         tb::test::Screenshot(*w.window, "frmResults");
     }
 
-    void aFinishIsStoredOnTheStartDayOrTheNextDay_data() {
+    void aFinishIsStoredOnTheDayItsOptionNames_data() {
         QTest::addColumn<QString>("option");
+        QTest::addColumn<QString>("date");
         QTest::addColumn<QString>("stored");
-        Row("start day", "rFinish_0", "2005-06-12 14:35:12");
-        Row("next day", "rFinish_1", "2005-06-13 14:35:12");
+        Row("start day", "rFinish_0", "", "2005-06-12 14:35:12");
+        Row("next day", "rFinish_1", "", "2005-06-13 14:35:12");
+        Row("another date", "rFinish_2", "14 Jun 2005", "2005-06-14 14:35:12");
     }
-    void aFinishIsStoredOnTheStartDayOrTheNextDay() {
+    void aFinishIsStoredOnTheDayItsOptionNames() {
         QFETCH(QString, option);
+        QFETCH(QString, date);
         QFETCH(QString, stored);
         Window w;
         w.Open();
         w.FindBoat("1234");
         QCOMPARE(w.Focus(), w.Field("tTime"));
         w.Click(option.toLatin1());
+        QCOMPARE(w.Field("tDate")->isVisible(), !date.isEmpty());
+        if (!date.isEmpty())
+            w.Type("tDate", date);
         w.TypeAndEnter("tTime", "143512");
         QCOMPARE(w.Stored(w.alpha), stored.toStdString());
         QCOMPARE(w.Stored(w.alpha, "Status"), std::string("9"));  // chosen by the typed time
         QCOMPARE(w.Info(), QString("Result saved"));
         QCOMPARE(w.Focus(), static_cast<QWidget*>(w.Entry()));
         QCOMPARE(w.messages.beeps, 0);
-    }
-
-    void aFinishOnAnotherDateIsTypedInTheDateField() {
-        Window w;
-        w.Open();
-        w.FindBoat("GBR 567");
-        w.Click("rFinish_2");
-        QVERIFY(w.Field("tDate")->isVisible());
-        w.Type("tDate", "14 Jun 2005");
-        w.TypeAndEnter("tTime", "091500");
-        QCOMPARE(w.Stored(w.bravo), std::string("2005-06-14 09:15:00"));
-        // Shown again, the finish two days on picks the other-date option.
-        w.FindBoat("1234");
+        // Shown again, the finish picks its option.
         w.FindBoat("567");
-        QVERIFY(w.Get<QRadioButton>("rFinish_2")->isChecked());
-        QCOMPARE(w.Field("tDate")->text(), QString("14 Jun 2005"));
-        QCOMPARE(w.Field("tTime")->text(), QString("091500"));
+        w.FindBoat("1234");
+        QVERIFY(w.Get<QRadioButton>(option.toLatin1())->isChecked());
+        if (!date.isEmpty())
+            QCOMPARE(w.Field("tDate")->text(), date);
+        QCOMPARE(w.Field("tTime")->text(), QString("143512"));
     }
 
     void refusesWhatCannotBeSaved_data() {
@@ -278,27 +274,27 @@ private slots:
         QCOMPARE(w.Entry()->currentData().toInt(), w.charlie);
     }
 
-    void aBoatPickedFromTheListWaitsForTheChangesToBeSaved() {
+    void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow_data() {
+        QTest::addColumn<bool>("closing");
+        Row("picking another boat from the list", false);
+        Row("closing the window", true);
+    }
+    void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow() {
+        QFETCH(bool, closing);
         Window w;
         w.Open();
         w.FindBoat("Alpha");
         w.Type("tTime", "999999");
         w.messages.answers = {true};
-        w.Entry()->setCurrentIndex(1);
+        if (closing)
+            w.window->close();
+        else
+            w.Entry()->setCurrentIndex(1);
         QCOMPARE(w.Info(), QString("Finish time is invalid"));
+        QVERIFY(w.window->isVisible());
         QCOMPARE(w.Entry()->currentData().toInt(), w.alpha);
         QCOMPARE(w.Field("tTime")->text(), QString("999999"));
-    }
-
-    void closingWithAChangeThatCannotBeSavedKeepsTheWindowOpen() {
-        Window w;
-        w.Open();
-        w.FindBoat("Alpha");
-        w.Type("tTime", "999999");
-        w.messages.answers = {true};
-        w.window->close();
-        QVERIFY(w.window->isVisible());
-        QCOMPARE(w.Info(), QString("Finish time is invalid"));
+        // Escape, answering not to save, leaves without a trace.
         w.messages.answers = {false};
         QTest::keyClick(w.window.get(), Qt::Key_Escape);
         QVERIFY(!w.window->isVisible());
