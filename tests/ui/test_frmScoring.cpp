@@ -52,7 +52,6 @@ private slots:
 
     void showsTheFirstSystemOfEachKind() {
         frmScoring w(club->results);
-        QCOMPARE(w.windowTitle(), QString("Scoring - points and discards"));
         QCOMPARE(Find<QComboBox>(&w, "SelScoring")->currentText(), QString("Average"));
         QCOMPARE(Values(w), QStringList({"2", "4", "6", "8", "10", "12", "14", "10.5", "2", "2", "",
                                          "5", ""}));
