@@ -4,6 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include <SQLiteCpp/Statement.h>
+
 #include "data/Conversions.h"
 #include "data/RunTimeFault.h"
 #include "data/clResults.h"
@@ -29,16 +31,6 @@ WHERE Schedule.Id = ?1)sql" +
            filters + " GROUP BY S1.Id, Start.Id";
 }
 
-std::string StartersPerStart(const std::string& filters) {
-    return std::string("SELECT Start.Id, count(EntryList.Entrant)") + kRacesUpToThis + R"sql(
-JOIN EntryList ON S1.Id = EntryList.Schedule
-JOIN Entrant ON Entrant.Id = EntryList.Entrant
-JOIN Start ON Entrant.Class = Start.Class AND S1.Id = Start.Schedule
-JOIN Results ON S1.Id = Results.Schedule AND EntryList.Entrant = Results.Entrant
-WHERE Results.Status <> 2 AND Schedule.Id = ?1)sql" +
-           filters + " GROUP BY S1.Id, Start.Id";
-}
-
 // The seven place rows first (places 1 to 7), then the status rows by status (1 to 8).
 constexpr const char* kScoringRows = R"sql(
 SELECT Points.Place, Points.Status, Points.Base, Points.Value, Points.MinValue
@@ -48,28 +40,19 @@ JOIN Points ON Series.Scoring = Points.Scoring
 WHERE Schedule.Id = ?1
 ORDER BY Points.Status = 9 DESC, Points.Place, Points.Status)sql";
 
-// Every result in scope, whether or not the boat was on the race's entry list.
-std::string BaselineRows(const std::string& filters) {
-    return std::string("SELECT Start.Id, Results.Id, Start.StartTime") + kRacesUpToThis + R"sql(
-JOIN Start ON S1.Id = Start.Schedule
-JOIN Entrant ON Start.Class = Entrant.Class
-JOIN Results ON Entrant.Id = Results.Entrant AND S1.Id = Results.Schedule
-WHERE Schedule.Id = ?1)sql" +
-           filters + " ORDER BY Start.Id";
-}
-
-// Boats on each race's entry list, start by start: finishers first by corrected time (those
-// without a corrected time after the timed ones), then the others. A result without status
-// counts as did-not-compete.
-std::string RankingRows(const std::string& filters) {
+// Every result in scope, whether or not the boat was on the race's entry list (the last column
+// tells), start by start: finishers first by corrected time (those without a corrected time
+// after the timed ones), then the others. A result without status counts as did-not-compete.
+std::string ResultRows(const std::string& filters) {
     return std::string(
                "SELECT Start.Id, ifnull(Results.Status, 2), Results.CorrectedTime, "
-               "Results.PenaltyPoints, Start.StartTime, Results.Id") +
+               "Results.PenaltyPoints, Start.StartTime, Results.Id, "
+               "EntryList.Entrant IS NOT NULL") +
            kRacesUpToThis + R"sql(
 JOIN Start ON S1.Id = Start.Schedule
 JOIN Entrant ON Start.Class = Entrant.Class
 JOIN Results ON Entrant.Id = Results.Entrant AND S1.Id = Results.Schedule
-JOIN EntryList ON Entrant.Id = EntryList.Entrant AND S1.Id = EntryList.Schedule
+LEFT JOIN EntryList ON Entrant.Id = EntryList.Entrant AND S1.Id = EntryList.Schedule
 WHERE Schedule.Id = ?1)sql" +
            filters +
            R"sql( ORDER BY Start.Id, ifnull(Results.Status, 2) > 8 DESC,
@@ -146,27 +129,39 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
     return Run("ComputePoints", Shape::Write, [&] {
         const std::string filters = SubSeriesFilter(Option) + EntrantTypeFilter(Option);
         const auto entrants = CountsByStart(Query(EntrantsPerStart(filters), {RaceId}));
-        const auto starters = CountsByStart(Query(StartersPerStart(filters), {RaceId}));
         const auto scoring = ReadScoringRows(Query(kScoringRows, {RaceId}));
+        const RowSet results = Query(ResultRows(filters), {RaceId});
+        const std::size_t rows = results.IsEmpty() ? 0 : results.Rows();
         std::string Msg;
+
+        // The boats on each race's entry list are ranked; starters are those of them with a
+        // status other than did-not-compete.
+        std::vector<std::size_t> ranking;
+        std::unordered_map<long long, long long> starters;
+        for (std::size_t r = 0; r < rows; ++r) {
+            if (results(6, r).AsInt() == 0)
+                continue;
+            ranking.push_back(r);
+            if (results(1, r).AsInt() != 2)
+                ++starters[results(0, r).AsInt()];
+        }
 
         // Baseline: every boat of a class that started scores the did-not-compete points, every
         // boat of a class that did not start scores 0.
-        const RowSet baseline = Query(BaselineRows(filters), {RaceId});
+        std::vector<double> points(rows, 0.0);
         long long currentStart = 0;
         double didNotCompete = 0;
-        for (std::size_t r = 0; !baseline.IsEmpty() && r < baseline.Rows(); ++r) {
-            const long long start = baseline(0, r).AsInt();
+        for (std::size_t r = 0; r < rows; ++r) {
+            const long long start = results(0, r).AsInt();
             if (start != currentStart) {
                 currentStart = start;
                 didNotCompete = StatusPoints(scoring[kDidNotCompeteRow], CountOf(entrants, start),
                                              CountOf(starters, start));
             }
-            Execute(kStorePoints, {baseline(2, r).IsNull() ? 0.0 : didNotCompete, baseline(1, r)});
+            points[r] = results(4, r).IsNull() ? 0.0 : didNotCompete;
         }
 
         // Ranking, start by start.
-        const RowSet ranking = Query(RankingRows(filters), {RaceId});
         std::optional<bool> sharedPoints;
         currentStart = 0;
         long long place = 0;
@@ -177,9 +172,10 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
         const double noTime = std::numeric_limits<double>::quiet_NaN();
         double lastCorrected = noTime;
         double accumulator = 0;
-        for (std::size_t r = 0; !ranking.IsEmpty() && r < ranking.Rows(); ++r) {
-            const long long start = ranking(0, r).AsInt();
-            const Value& startTime = ranking(4, r);
+        for (std::size_t i = 0; i < ranking.size(); ++i) {
+            const std::size_t r = ranking[i];
+            const long long start = results(0, r).AsInt();
+            const Value& startTime = results(4, r);
             if (start != currentStart) {
                 if (!sharedPoints && startTime.IsDate()) {
                     sharedPoints = YearOf(startTime.AsDate()) >= 2006;
@@ -197,43 +193,49 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
                 accumulator = 0;
                 continue;
             }
-            const long long status = ranking(1, r).AsInt();
+            const long long status = results(1, r).AsInt();
             if (status <= 8) {
                 const std::size_t row =
                     status >= 1 ? static_cast<std::size_t>(status + 6) : kDidNotCompeteRow;
                 accumulator = StatusPoints(scoring[row], startEntrants, startStarters);
-                Execute(kStorePoints, {accumulator, ranking(5, r)});
+                points[r] = accumulator;
                 continue;
             }
-            const double corrected = ranking(2, r).AsDouble();
-            long long adjustment = WholeNumber(ranking(3, r));
+            const double corrected = results(2, r).AsDouble();
+            long long adjustment = WholeNumber(results(3, r));
             if (corrected != lastCorrected) {
                 tied = 1;
                 lastCorrected = corrected;
                 long long none = 0;
                 accumulator = PlacePoints(scoring, place, none, Msg);
-                const double points =
+                points[r] =
                     adjustment != 0 ? PlacePoints(scoring, place, adjustment, Msg) : accumulator;
-                Execute(kStorePoints, {points, ranking(5, r)});
                 continue;
             }
             ++tied;
             const long long firstTiedPlace = place + 1 - tied;
             if (!sharedPoints.value_or(true)) {
-                Execute(kStorePoints,
-                        {PlacePoints(scoring, firstTiedPlace, adjustment, Msg), ranking(5, r)});
+                points[r] = PlacePoints(scoring, firstTiedPlace, adjustment, Msg);
                 continue;
             }
             long long none = 0;
             accumulator += PlacePoints(scoring, place, none, Msg);
-            // The whole tied group is rewritten each time a boat joins it.
+            // The whole tied group shares the points each time a boat joins it.
             for (long long back = 0; back < tied; ++back) {
-                const std::size_t row = r - static_cast<std::size_t>(back);
-                long long own = WholeNumber(ranking(3, row));
-                const double points = own != 0 ? PlacePoints(scoring, firstTiedPlace, own, Msg)
-                                               : accumulator / static_cast<double>(tied);
-                Execute(kStorePoints, {points, ranking(5, row)});
+                const std::size_t tiedRow = ranking[i - static_cast<std::size_t>(back)];
+                long long own = WholeNumber(results(3, tiedRow));
+                points[tiedRow] = own != 0 ? PlacePoints(scoring, firstTiedPlace, own, Msg)
+                                           : accumulator / static_cast<double>(tied);
             }
+        }
+
+        // Each result is written once, through the one prepared statement.
+        SQLite::Statement& store = Prepared(kStorePoints);
+        for (std::size_t r = 0; r < rows; ++r) {
+            store.bind(1, points[r]);
+            store.bind(2, static_cast<int64_t>(results(5, r).AsInt()));
+            store.exec();
+            store.reset();
         }
         return Msg;
     });
