@@ -30,20 +30,6 @@ void Check(const std::string& Msg, const std::string& what) {
         throw std::runtime_error(what + ": " + Msg);
 }
 
-int LastRaceOf(const std::string& path) {
-    const std::string previous = DataFile;
-    DataFile = path;
-    int race = 0;
-    {
-        clResults db;
-        RowSet races;
-        Check(db.GetSchedule(races, 1), "the races of " + path);
-        race = static_cast<int>(races(0, races.Rows() - 1).AsInt());
-    }
-    DataFile = previous;
-    return race;
-}
-
 Season MakeSeason(const std::string& name, const std::string& file, int boats, int races) {
     Season season{name, RunFolder() + "/" + file, 0};
     Check(cli::CreateDemoSeason(season.path, {boats, races, 4, kSeed}), "making " + name);
@@ -139,6 +125,20 @@ Season MakeTwentySeasons() {
 }
 
 }  // namespace
+
+int LastRaceOf(const std::string& path) {
+    const std::string previous = DataFile;
+    DataFile = path;
+    int race = 0;
+    {
+        clResults db;
+        RowSet races;
+        Check(db.GetSchedule(races, 1), "the races of " + path);
+        race = static_cast<int>(races(0, races.Rows() - 1).AsInt());
+    }
+    DataFile = previous;
+    return race;
+}
 
 const std::string& RunFolder() {
     static const std::string folder = [] {

@@ -21,6 +21,9 @@ const Season& LongSeason();
 // remembered as the main window's year, series and race.
 const Season& TwentySeasons();
 
+// The last race of the first series of a demonstration database.
+int LastRaceOf(const std::string& path);
+
 // The folder of this run's databases, style sheets and reports; removed when the run ends.
 const std::string& RunFolder();
 void RemoveRunFolder();
