@@ -49,7 +49,7 @@ std::string EntriesInScope(const std::string& raceFilter) {
 std::string ResultsInScope(const std::string& raceFilter) {
     return std::string(
                "SELECT Results.Schedule, Results.Entrant, ifnull(Results.Status, 2), "
-               "Results.CorrectedTime, Results.PenaltyPoints, Results.Id") +
+               "Results.CorrectedTime, Results.PenaltyPoints, Results.Id, Results.Points") +
            kRacesUpToThis + "JOIN Results ON S1.Id = Results.Schedule WHERE Schedule.Id = ?1" +
            raceFilter;
 }
@@ -301,9 +301,13 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
             }
         }
 
-        // Each result is written once, through the one prepared statement.
+        // Each result whose points changed is written once, through the one prepared statement:
+        // making the next report of the same race rewrites next to nothing.
         SQLite::Statement& store = Prepared(kStorePoints);
         for (std::size_t i = 0; i < scored.size(); ++i) {
+            const Value& stored = results(6, scored[i].row);
+            if (!stored.IsNull() && stored.AsDouble() == points[i])
+                continue;
             store.bind(1, points[i]);
             store.bind(2, static_cast<int64_t>(results(5, scored[i].row).AsInt()));
             store.exec();
