@@ -86,7 +86,7 @@ void Floor(benchmark::State& state, const Season& (*which)()) {
     const Season& season = which();
     const std::string reportText(ReportRun(season).Make(season, 'B'), 'x');
     const std::string reportCopy = RunFolder() + "/floor.htm";
-    SQLite::Database db(season.path, SQLite::OPEN_READWRITE, 5000);
+    SQLite::Database db(season.path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 5000);
     SQLite::Statement read(db, kInScopeResults);
     SQLite::Statement rewrite(db, kRewritePoints);
     long long rows = 0;
