@@ -159,6 +159,8 @@ CREATE UNIQUE INDEX ResultsByRaceAndEntrant ON Results (Schedule, Entrant);
 CREATE INDEX ResultsByEntrant ON Results (Entrant);
 CREATE UNIQUE INDEX EntryListByEntrantAndRace ON EntryList (Entrant, Schedule);
 CREATE INDEX EntryListByRace ON EntryList (Schedule);
+-- Covers a race's entry list without visiting the table: the scoring reads whole seasons of them.
+CREATE INDEX EntryListByRaceAndEntrant ON EntryList (Schedule, Entrant);
 CREATE UNIQUE INDEX StartByRaceAndClass ON Start (Schedule, Class);
 CREATE UNIQUE INDEX EntrantByBoatAndSeries ON Entrant (Series, Boat);
 CREATE INDEX EntrantByBoat ON Entrant (Boat);

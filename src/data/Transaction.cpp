@@ -17,17 +17,25 @@ Transaction::Transaction(sqlite3* db) : db_(db) {
     if (sqlite3_get_autocommit(db_) != 0) {
         Exec(db_, "BEGIN IMMEDIATE");
         owner_ = true;
+    } else {
+        Exec(db_, "SAVEPOINT operation");
     }
 }
 
 Transaction::~Transaction() {
-    if (owner_ && !done_)
+    if (done_)
+        return;
+    if (owner_) {
         sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    } else {
+        sqlite3_exec(db_, "ROLLBACK TO operation", nullptr, nullptr, nullptr);
+        sqlite3_exec(db_, "RELEASE operation", nullptr, nullptr, nullptr);
+    }
 }
 
 void Transaction::Commit() {
-    if (owner_ && !done_)
-        Exec(db_, "COMMIT");
+    if (!done_)
+        Exec(db_, owner_ ? "COMMIT" : "RELEASE operation");
     done_ = true;
 }
 

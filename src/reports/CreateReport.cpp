@@ -1,3 +1,4 @@
+#include <SQLiteCpp/Database.h>
 #include <libxml/parser.h>
 #include <libxslt/transform.h>
 #include <libxslt/variables.h>
@@ -20,6 +21,7 @@
 #include "app/Globals.h"
 #include "data/Conversions.h"
 #include "data/RunTimeFault.h"
+#include "data/Transaction.h"
 #include "data/clResults.h"
 #include "reports/Charset.h"
 #include "reports/ReportXmlRules.h"
@@ -252,15 +254,22 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
             RowSet ResultRows;
             RowSet CumulativeRows;
             RowSet SeriesPointsRows;
-            Msg = ComputeResultTimes(RaceId, Problems);
-            if (Msg.empty())
-                Msg = ComputePoints(RaceId, Option);
-            if (Msg.empty())
-                Msg = GetRaceResults(RaceId, Option, ClassRows, ResultRows);
-            if (Msg.empty() && Letter != "R")
-                Msg = ComputeSeriesPoints(RaceId, Option, SeriesPointsRows);
-            if (Msg.empty() && Letter != "R")
-                Msg = GetCumulativeResults(RaceId, Option, CumulativeRows);
+            // The computations and the reads of what they stored make one transaction, so
+            // the report costs one commit.
+            Msg = ConnectDb();
+            if (Msg.empty()) {
+                Transaction computation(Cn->getHandle());
+                Msg = ComputeResultTimes(RaceId, Problems);
+                if (Msg.empty())
+                    Msg = ComputePoints(RaceId, Option);
+                if (Msg.empty())
+                    Msg = GetRaceResults(RaceId, Option, ClassRows, ResultRows);
+                if (Msg.empty() && Letter != "R")
+                    Msg = ComputeSeriesPoints(RaceId, Option, SeriesPointsRows);
+                if (Msg.empty() && Letter != "R")
+                    Msg = GetCumulativeResults(RaceId, Option, CumulativeRows);
+                computation.Commit();
+            }
             if (Msg.empty()) {
                 Msg = ReportRaceResults(Option, Letter, Viewer, ClassRows, ResultRows,
                                         CumulativeRows, SeriesPointsRows, Xml);

@@ -1,8 +1,14 @@
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <optional>
+#include <set>
 #include <unordered_map>
+#include <utility>
 #include <vector>
+
+#include <SQLiteCpp/Statement.h>
 
 #include "data/Conversions.h"
 #include "data/RunTimeFault.h"
@@ -20,23 +26,32 @@ FROM Schedule
 JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1.Series
 )sql";
 
-std::string EntrantsPerStart(const std::string& filters) {
-    return std::string("SELECT Start.Id, count(EntryList.Entrant)") + kRacesUpToThis + R"sql(
-JOIN EntryList ON S1.Id = EntryList.Schedule
-JOIN Entrant ON Entrant.Id = EntryList.Entrant
-JOIN Start ON Entrant.Class = Start.Class AND S1.Id = Start.Schedule
-WHERE Schedule.Id = ?1)sql" +
-           filters + " GROUP BY S1.Id, Start.Id";
+// The starts, entrants, entry lists and results in scope are read one table at a time and
+// matched up here: joining them row by row in SQL cost several index searches per result.
+std::string StartsInScope(const std::string& raceFilter) {
+    return std::string("SELECT Start.Schedule, Start.Class, Start.Id, Start.StartTime") +
+           kRacesUpToThis + "JOIN Start ON S1.Id = Start.Schedule WHERE Schedule.Id = ?1" +
+           raceFilter;
 }
 
-std::string StartersPerStart(const std::string& filters) {
-    return std::string("SELECT Start.Id, count(EntryList.Entrant)") + kRacesUpToThis + R"sql(
-JOIN EntryList ON S1.Id = EntryList.Schedule
-JOIN Entrant ON Entrant.Id = EntryList.Entrant
-JOIN Start ON Entrant.Class = Start.Class AND S1.Id = Start.Schedule
-JOIN Results ON S1.Id = Results.Schedule AND EntryList.Entrant = Results.Entrant
-WHERE Results.Status <> 2 AND Schedule.Id = ?1)sql" +
-           filters + " GROUP BY S1.Id, Start.Id";
+std::string EntrantClasses(const std::string& entrantFilter) {
+    return "SELECT Entrant.Id, Entrant.Class FROM Schedule JOIN Entrant ON Entrant.Series = "
+           "Schedule.Series WHERE Schedule.Id = ?1" +
+           entrantFilter;
+}
+
+std::string EntriesInScope(const std::string& raceFilter) {
+    return std::string("SELECT EntryList.Schedule, EntryList.Entrant") + kRacesUpToThis +
+           "JOIN EntryList ON S1.Id = EntryList.Schedule WHERE Schedule.Id = ?1" + raceFilter;
+}
+
+// A result without status counts as did-not-compete.
+std::string ResultsInScope(const std::string& raceFilter) {
+    return std::string(
+               "SELECT Results.Schedule, Results.Entrant, ifnull(Results.Status, 2), "
+               "Results.CorrectedTime, Results.PenaltyPoints, Results.Id, Results.Points") +
+           kRacesUpToThis + "JOIN Results ON S1.Id = Results.Schedule WHERE Schedule.Id = ?1" +
+           raceFilter;
 }
 
 // The seven place rows first (places 1 to 7), then the status rows by status (1 to 8).
@@ -47,34 +62,6 @@ JOIN Schedule ON Series.Id = Schedule.Series
 JOIN Points ON Series.Scoring = Points.Scoring
 WHERE Schedule.Id = ?1
 ORDER BY Points.Status = 9 DESC, Points.Place, Points.Status)sql";
-
-// Every result in scope, whether or not the boat was on the race's entry list.
-std::string BaselineRows(const std::string& filters) {
-    return std::string("SELECT Start.Id, Results.Id, Start.StartTime") + kRacesUpToThis + R"sql(
-JOIN Start ON S1.Id = Start.Schedule
-JOIN Entrant ON Start.Class = Entrant.Class
-JOIN Results ON Entrant.Id = Results.Entrant AND S1.Id = Results.Schedule
-WHERE Schedule.Id = ?1)sql" +
-           filters + " ORDER BY Start.Id";
-}
-
-// Boats on each race's entry list, start by start: finishers first by corrected time (those
-// without a corrected time after the timed ones), then the others. A result without status
-// counts as did-not-compete.
-std::string RankingRows(const std::string& filters) {
-    return std::string(
-               "SELECT Start.Id, ifnull(Results.Status, 2), Results.CorrectedTime, "
-               "Results.PenaltyPoints, Start.StartTime, Results.Id") +
-           kRacesUpToThis + R"sql(
-JOIN Start ON S1.Id = Start.Schedule
-JOIN Entrant ON Start.Class = Entrant.Class
-JOIN Results ON Entrant.Id = Results.Entrant AND S1.Id = Results.Schedule
-JOIN EntryList ON Entrant.Id = EntryList.Entrant AND S1.Id = EntryList.Schedule
-WHERE Schedule.Id = ?1)sql" +
-           filters +
-           R"sql( ORDER BY Start.Id, ifnull(Results.Status, 2) > 8 DESC,
-ifnull(Results.CorrectedTime, 0) = 0, Results.CorrectedTime)sql";
-}
 
 constexpr const char* kStorePoints = "UPDATE Results SET Points = ?1 WHERE Id = ?2";
 
@@ -95,14 +82,6 @@ std::vector<ScoringRow> ReadScoringRows(const RowSet& rows) {
                            "fifteen rows");
     }
     return table;
-}
-
-std::unordered_map<long long, long long> CountsByStart(const RowSet& rows) {
-    std::unordered_map<long long, long long> counts;
-    for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r) {
-        counts.emplace(rows(0, r).AsInt(), rows(1, r).AsInt());
-    }
-    return counts;
 }
 
 long long CountOf(const std::unordered_map<long long, long long>& counts, long long start) {
@@ -140,33 +119,121 @@ long long WholeNumber(const Value& v) {
     return v.IsNull() ? 0 : v.AsInt();
 }
 
+using RaceAndKey = std::pair<long long, long long>;
+
+struct StartInScope {
+    long long id = 0;
+    Value time;
+};
+
+// A result of an entrant of the selection whose class has a start in that race.
+struct ScoredResult {
+    const StartInScope* start = nullptr;
+    std::size_t row = 0;  // in the results read
+    long long status = 0;
+    bool entered = false;  // on that race's entry list
+};
+
+// Start by start: finishers first by corrected time (those without a corrected time after the
+// timed ones, a Null before a 0), then the others.
+bool RanksBefore(const ScoredResult& a, const ScoredResult& b, const RowSet& results) {
+    if (a.start->id != b.start->id)
+        return a.start->id < b.start->id;
+    if ((a.status > 8) != (b.status > 8))
+        return a.status > 8;
+    const Value& ca = results(3, a.row);
+    const Value& cb = results(3, b.row);
+    const bool untimedA = ca.AsDouble() == 0;
+    const bool untimedB = cb.AsDouble() == 0;
+    if (untimedA != untimedB)
+        return untimedB;
+    if (ca.IsNull() || cb.IsNull())
+        return ca.IsNull() && !cb.IsNull();
+    return ca.AsDouble() < cb.AsDouble();
+}
+
 }  // namespace
 
 std::string clResults::ComputePoints(int RaceId, short Option) {
     return Run("ComputePoints", Shape::Write, [&] {
-        const std::string filters = SubSeriesFilter(Option) + EntrantTypeFilter(Option);
-        const auto entrants = CountsByStart(Query(EntrantsPerStart(filters), {RaceId}));
-        const auto starters = CountsByStart(Query(StartersPerStart(filters), {RaceId}));
+        const std::string raceFilter = SubSeriesFilter(Option);
         const auto scoring = ReadScoringRows(Query(kScoringRows, {RaceId}));
+        std::map<RaceAndKey, StartInScope> starts;
+        const RowSet startRows = Query(StartsInScope(raceFilter), {RaceId});
+        for (std::size_t r = 0; !startRows.IsEmpty() && r < startRows.Rows(); ++r) {
+            starts[{startRows(0, r).AsInt(), startRows(1, r).AsInt()}] = {startRows(2, r).AsInt(),
+                                                                          startRows(3, r)};
+        }
+        std::unordered_map<long long, long long> classOf;
+        const RowSet entrantRows = Query(EntrantClasses(EntrantTypeFilter(Option)), {RaceId});
+        for (std::size_t r = 0; !entrantRows.IsEmpty() && r < entrantRows.Rows(); ++r)
+            classOf.emplace(entrantRows(0, r).AsInt(), entrantRows(1, r).AsInt());
+        // The start an entrant of the selection had in a race, if any.
+        const auto startOf = [&](long long race, long long entrant) -> const StartInScope* {
+            const auto c = classOf.find(entrant);
+            if (c == classOf.end())
+                return nullptr;
+            const auto start = starts.find({race, c->second});
+            return start == starts.end() ? nullptr : &start->second;
+        };
+
+        // Entrants: the boats on each race's entry list, start by start.
+        std::set<RaceAndKey> entries;
+        std::unordered_map<long long, long long> entrants;
+        const RowSet entryRows = Query(EntriesInScope(raceFilter), {RaceId});
+        for (std::size_t r = 0; !entryRows.IsEmpty() && r < entryRows.Rows(); ++r) {
+            const long long race = entryRows(0, r).AsInt();
+            const long long entrant = entryRows(1, r).AsInt();
+            entries.insert({race, entrant});
+            if (const StartInScope* start = startOf(race, entrant))
+                ++entrants[start->id];
+        }
+
+        // Every result in scope, whether or not the boat was on the race's entry list; those on
+        // it are ranked, and starters are those of them with a status other than
+        // did-not-compete.
+        const RowSet results = Query(ResultsInScope(raceFilter), {RaceId});
+        std::vector<ScoredResult> scored;
+        std::unordered_map<long long, long long> starters;
+        for (std::size_t r = 0; !results.IsEmpty() && r < results.Rows(); ++r) {
+            const long long race = results(0, r).AsInt();
+            const long long entrant = results(1, r).AsInt();
+            const StartInScope* start = startOf(race, entrant);
+            if (start == nullptr)
+                continue;
+            const long long status = results(2, r).AsInt();
+            const bool entered = entries.count({race, entrant}) != 0;
+            scored.push_back({start, r, status, entered});
+            if (entered && status != 2)
+                ++starters[start->id];
+        }
+        std::sort(scored.begin(), scored.end(), [&](const ScoredResult& a, const ScoredResult& b) {
+            return RanksBefore(a, b, results);
+        });
+        std::vector<std::size_t> ranking;
+        for (std::size_t i = 0; i < scored.size(); ++i) {
+            if (scored[i].entered)
+                ranking.push_back(i);
+        }
         std::string Msg;
 
         // Baseline: every boat of a class that started scores the did-not-compete points, every
         // boat of a class that did not start scores 0.
-        const RowSet baseline = Query(BaselineRows(filters), {RaceId});
+        std::vector<double> points(scored.size(), 0.0);
         long long currentStart = 0;
         double didNotCompete = 0;
-        for (std::size_t r = 0; !baseline.IsEmpty() && r < baseline.Rows(); ++r) {
-            const long long start = baseline(0, r).AsInt();
-            if (start != currentStart) {
-                currentStart = start;
-                didNotCompete = StatusPoints(scoring[kDidNotCompeteRow], CountOf(entrants, start),
-                                             CountOf(starters, start));
+        for (std::size_t i = 0; i < scored.size(); ++i) {
+            const StartInScope& start = *scored[i].start;
+            if (start.id != currentStart) {
+                currentStart = start.id;
+                didNotCompete =
+                    StatusPoints(scoring[kDidNotCompeteRow], CountOf(entrants, start.id),
+                                 CountOf(starters, start.id));
             }
-            Execute(kStorePoints, {baseline(2, r).IsNull() ? 0.0 : didNotCompete, baseline(1, r)});
+            points[i] = start.time.IsNull() ? 0.0 : didNotCompete;
         }
 
         // Ranking, start by start.
-        const RowSet ranking = Query(RankingRows(filters), {RaceId});
         std::optional<bool> sharedPoints;
         currentStart = 0;
         long long place = 0;
@@ -177,9 +244,10 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
         const double noTime = std::numeric_limits<double>::quiet_NaN();
         double lastCorrected = noTime;
         double accumulator = 0;
-        for (std::size_t r = 0; !ranking.IsEmpty() && r < ranking.Rows(); ++r) {
-            const long long start = ranking(0, r).AsInt();
-            const Value& startTime = ranking(4, r);
+        for (std::size_t i = 0; i < ranking.size(); ++i) {
+            const std::size_t r = ranking[i];
+            const long long start = scored[r].start->id;
+            const Value& startTime = scored[r].start->time;
             if (start != currentStart) {
                 if (!sharedPoints && startTime.IsDate()) {
                     sharedPoints = YearOf(startTime.AsDate()) >= 2006;
@@ -197,43 +265,53 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
                 accumulator = 0;
                 continue;
             }
-            const long long status = ranking(1, r).AsInt();
+            const long long status = scored[r].status;
             if (status <= 8) {
                 const std::size_t row =
                     status >= 1 ? static_cast<std::size_t>(status + 6) : kDidNotCompeteRow;
                 accumulator = StatusPoints(scoring[row], startEntrants, startStarters);
-                Execute(kStorePoints, {accumulator, ranking(5, r)});
+                points[r] = accumulator;
                 continue;
             }
-            const double corrected = ranking(2, r).AsDouble();
-            long long adjustment = WholeNumber(ranking(3, r));
+            const double corrected = results(3, scored[r].row).AsDouble();
+            long long adjustment = WholeNumber(results(4, scored[r].row));
             if (corrected != lastCorrected) {
                 tied = 1;
                 lastCorrected = corrected;
                 long long none = 0;
                 accumulator = PlacePoints(scoring, place, none, Msg);
-                const double points =
+                points[r] =
                     adjustment != 0 ? PlacePoints(scoring, place, adjustment, Msg) : accumulator;
-                Execute(kStorePoints, {points, ranking(5, r)});
                 continue;
             }
             ++tied;
             const long long firstTiedPlace = place + 1 - tied;
             if (!sharedPoints.value_or(true)) {
-                Execute(kStorePoints,
-                        {PlacePoints(scoring, firstTiedPlace, adjustment, Msg), ranking(5, r)});
+                points[r] = PlacePoints(scoring, firstTiedPlace, adjustment, Msg);
                 continue;
             }
             long long none = 0;
             accumulator += PlacePoints(scoring, place, none, Msg);
-            // The whole tied group is rewritten each time a boat joins it.
+            // The whole tied group shares the points each time a boat joins it.
             for (long long back = 0; back < tied; ++back) {
-                const std::size_t row = r - static_cast<std::size_t>(back);
-                long long own = WholeNumber(ranking(3, row));
-                const double points = own != 0 ? PlacePoints(scoring, firstTiedPlace, own, Msg)
-                                               : accumulator / static_cast<double>(tied);
-                Execute(kStorePoints, {points, ranking(5, row)});
+                const std::size_t tiedRow = ranking[i - static_cast<std::size_t>(back)];
+                long long own = WholeNumber(results(4, scored[tiedRow].row));
+                points[tiedRow] = own != 0 ? PlacePoints(scoring, firstTiedPlace, own, Msg)
+                                           : accumulator / static_cast<double>(tied);
             }
+        }
+
+        // Each result whose points changed is written once, through the one prepared statement:
+        // making the next report of the same race rewrites next to nothing.
+        SQLite::Statement& store = Prepared(kStorePoints);
+        for (std::size_t i = 0; i < scored.size(); ++i) {
+            const Value& stored = results(6, scored[i].row);
+            if (!stored.IsNull() && stored.AsDouble() == points[i])
+                continue;
+            store.bind(1, points[i]);
+            store.bind(2, static_cast<int64_t>(results(5, scored[i].row).AsInt()));
+            store.exec();
+            store.reset();
         }
         return Msg;
     });

@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
 #include "data/Conversions.h"
 #include "data/clResults.h"
 #include "scoring/ScopeFilters.h"
@@ -51,20 +56,39 @@ WHERE EntryList.Schedule = ?1)sql" +
            entrantFilter + " ORDER BY Start.Id, Entrant.Class, Results.Points, Boat.BoatName";
 }
 
-std::string CumulativeRows(const std::string& filters) {
+// The standings are put together from three narrow reads rather than one join of every result
+// with its class and boat sorted as a whole: the series' entrants in standings order (class,
+// series total, boat), the races in scope by date and name, and the points of each result.
+std::string StandingsEntrants(const std::string& entrantFilter) {
     return R"sql(
-SELECT Class.Id, Class.ClassName, Boat.Id, Boat.BoatName, Boat.FullSailNo, S1.RaceDate,
-       S1.RaceName, Results.Points, Entrant.SeriesPoints, 0 AS Pos
+SELECT Entrant.Id, Class.Id, Class.ClassName, Boat.Id, Boat.BoatName, Boat.FullSailNo,
+       Entrant.SeriesPoints
+FROM Schedule
+JOIN Entrant ON Entrant.Series = Schedule.Series
+JOIN Class ON Class.Id = Entrant.Class
+JOIN Boat ON Boat.Id = Entrant.Boat
+WHERE Schedule.Id = ?1)sql" +
+           entrantFilter +
+           " ORDER BY Class.Id, Entrant.SeriesPoints, Boat.BoatName, Boat.Id, Boat.FullSailNo";
+}
+
+std::string StandingsRaces(const std::string& raceFilter) {
+    return R"sql(
+SELECT S1.Id, S1.RaceDate, S1.RaceName
+FROM Schedule
+JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1.Series
+WHERE Schedule.Id = ?1)sql" +
+           raceFilter + " ORDER BY S1.RaceDate, S1.RaceName";
+}
+
+std::string StandingsScores(const std::string& raceFilter) {
+    return R"sql(
+SELECT Results.Entrant, Results.Schedule, Results.Points
 FROM Schedule
 JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1.Series
 JOIN Results ON S1.Id = Results.Schedule
-JOIN Entrant ON Entrant.Id = Results.Entrant
-JOIN Class ON Class.Id = Entrant.Class
-JOIN Boat ON Boat.Id = Entrant.Boat
 WHERE Results.Points <> 0 AND Schedule.Id = ?1)sql" +
-           filters +
-           " ORDER BY Class.Id, Entrant.SeriesPoints, Boat.BoatName, Boat.Id, Boat.FullSailNo, "
-           "S1.RaceDate, S1.RaceName";
+           raceFilter;
 }
 
 // Seconds as h:mm:ss; the seconds are first rounded to whole ones, to the even neighbour at an
@@ -125,8 +149,31 @@ std::string clResults::GetRaceResults(int RaceId, short Option, RowSet& ClassRow
 
 std::string clResults::GetCumulativeResults(int RaceId, short Option, RowSet& CumulativeRows) {
     return Run("GetCumulativeResults", Shape::Query, [&] {
-        CumulativeRows = Query(
-            tb::CumulativeRows(SubSeriesFilter(Option) + EntrantTypeFilter(Option)), {RaceId});
+        const RowSet entrants = Query(StandingsEntrants(EntrantTypeFilter(Option)), {RaceId});
+        const RowSet races = Query(StandingsRaces(SubSeriesFilter(Option)), {RaceId});
+        const RowSet scores = Query(StandingsScores(SubSeriesFilter(Option)), {RaceId});
+        std::unordered_map<long long, std::size_t> raceOrder;
+        for (std::size_t r = 0; !races.IsEmpty() && r < races.Rows(); ++r)
+            raceOrder.emplace(races(0, r).AsInt(), r);
+        // Each entrant's scores in race order: (race's place in the order, score's row).
+        std::unordered_map<long long, std::vector<std::pair<std::size_t, std::size_t>>> byEntrant;
+        for (std::size_t r = 0; !scores.IsEmpty() && r < scores.Rows(); ++r) {
+            const auto race = raceOrder.find(scores(1, r).AsInt());
+            if (race != raceOrder.end())
+                byEntrant[scores(0, r).AsInt()].emplace_back(race->second, r);
+        }
+        CumulativeRows = RowSet();
+        for (std::size_t e = 0; !entrants.IsEmpty() && e < entrants.Rows(); ++e) {
+            auto found = byEntrant.find(entrants(0, e).AsInt());
+            if (found == byEntrant.end())
+                continue;
+            std::sort(found->second.begin(), found->second.end());
+            for (const auto& [race, score] : found->second) {
+                CumulativeRows.AddRow({entrants(1, e), entrants(2, e), entrants(3, e),
+                                       entrants(4, e), entrants(5, e), races(1, race),
+                                       races(2, race), scores(2, score), entrants(6, e), Value(0)});
+            }
+        }
         long long currentClass = 0;
         long long currentBoat = 0;
         long long position = 0;

@@ -152,6 +152,22 @@ TEST_F(ScoringRulesTest, LaterRacesBringDidNotCompeteResultsForEveryEarlierRace)
     EXPECT_EQ(db.Count("Results"), 6);
 }
 
+TEST_F(ScoringRulesTest, OnlyBoatsOnTheEntryListAreRankedAndCounted) {
+    OneRace("2010-06-12", 3);
+    // Recorded as finishing first, but not on this race's entry list.
+    const int unlisted = season.AddEntrant("Unlisted", classA);
+    season.Finish(raceId, unlisted, 3500);
+    season.Finish(raceId, entrant[0], 3600);
+    season.Finish(raceId, entrant[1], 3700);
+    ASSERT_EQ(Score(), "");
+    EXPECT_DOUBLE_EQ(Points(0), 1);
+    EXPECT_DOUBLE_EQ(Points(1), 2);
+    // Did not compete, among three entrants: 3 + 1, for the boat without a result and for the
+    // boat that was not entered alike.
+    EXPECT_DOUBLE_EQ(Points(2), 4);
+    EXPECT_DOUBLE_EQ(season.Points(raceId, unlisted), 4);
+}
+
 TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
     OneRace("2010-06-12", 2);
     season.Exec("UPDATE Start SET StartTime=NULL");
