@@ -136,13 +136,13 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
         std::string races;
         std::string standings;
         long long currentBoat = 0;
-        int boatsSeen = 0;
+        int boatsSeen = 0;  // a boat's standing is open from its first row on
         for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
             if (CumulativeRows(0, r).AsInt() != ClassId)
                 continue;
             const long long boat = CumulativeRows(2, r).AsInt();
-            if (boat != currentBoat) {
-                if (currentBoat > 0)
+            if (boatsSeen == 0 || boat != currentBoat) {
+                if (boatsSeen > 0)
                     standings += std::string("</SeriesResult>") + kCrLf;
                 // Totals carry a tiny tie-break fraction: within 0.1 of a whole number they
                 // read as that number.
@@ -164,7 +164,7 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
                          " Name=" + AttributeValue(CumulativeRows(6, r)) + "/>" + kCrLf;
             }
         }
-        if (currentBoat > 0)
+        if (boatsSeen > 0)
             standings += std::string("</SeriesResult>") + kCrLf;
         Xml = races + standings;
         return std::string();
