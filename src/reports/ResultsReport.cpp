@@ -136,11 +136,12 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
         std::string races;
         std::string standings;
         long long currentBoat = 0;
-        int boatsSeen = 0;  // a boat's standing is open from its first row on
+        int boatsSeen = 0;
         for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
             if (CumulativeRows(0, r).AsInt() != ClassId)
                 continue;
             const long long boat = CumulativeRows(2, r).AsInt();
+            // A standing starts at the class's first row whatever the boat's number, 0 included.
             if (boatsSeen == 0 || boat != currentBoat) {
                 if (boatsSeen > 0)
                     standings += std::string("</SeriesResult>") + kCrLf;
