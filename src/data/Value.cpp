@@ -26,7 +26,8 @@ std::int64_t Value::AsInt() const {
     if (IsBool())
         return std::get<bool>(v_) ? 1 : 0;
     const double d = RoundHalfEven(AsDouble());
-    if (d > 9.2e18 || d < -9.2e18)
+    // Written so that a NaN, which compares false with everything, overflows too.
+    if (!(d >= -9.2e18 && d <= 9.2e18))
         throw RunTimeFault::Overflow();
     return static_cast<std::int64_t>(d);
 }

@@ -34,14 +34,27 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Writes the file (created or overwritten) with the text and a line end.
+// Writes the file (created or overwritten) with the text and a line end. The text goes to a
+// file beside it first and takes the report's name only once complete, so a write that fails
+// part-way (a full disk, a size limit) leaves the earlier report, never half of a new one.
 void WriteReportFile(const std::string& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    const std::string partial = path + ".part";
+    std::ofstream file(partial, std::ios::binary | std::ios::trunc);
     if (!file)
         throw RunTimeFault(75, "Path/File access error: " + path);
     file << text << kCrLf;
-    if (!file.flush())
+    file.close();
+    std::error_code ignored;
+    if (!file) {
+        fs::remove(partial, ignored);
         throw RunTimeFault(61, "Disk full: " + path);
+    }
+    std::error_code renamed;
+    fs::rename(partial, path, renamed);
+    if (renamed) {
+        fs::remove(partial, ignored);
+        throw RunTimeFault(75, "Path/File access error: " + path);
+    }
 }
 
 // ---- The XSL transform

@@ -38,6 +38,31 @@ std::string ProblemStyleBlock() {
     return block;
 }
 
+// The value's text as a page shows it as typed: the characters that would start markup or an
+// entity, or end the quoted link, are written as references.
+std::string PageText(const Value& value) {
+    std::string written;
+    for (const char c : ToText(value)) {
+        switch (c) {
+            case '&':
+                written += "&amp;";
+                break;
+            case '<':
+                written += "&lt;";
+                break;
+            case '>':
+                written += "&gt;";
+                break;
+            case '\'':
+                written += "&#39;";
+                break;
+            default:
+                written += c;
+        }
+    }
+    return written;
+}
+
 }  // namespace
 
 std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
@@ -46,21 +71,21 @@ std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const 
         const std::string crlf = kCrLf;
         Html = "<HEAD>" + crlf +
                R"(<META HTTP-EQUIV="Content-Type" CONTENT="text/html; charset=windows-1252">)" +
-               crlf + "<TITLE>" + ToText(ClassRows(3, 0)) + "&nbsp;" + ToText(ClassRows(5, 0)) +
+               crlf + "<TITLE>" + PageText(ClassRows(3, 0)) + "&nbsp;" + PageText(ClassRows(5, 0)) +
                "</TITLE>" + crlf + ProblemStyleBlock() + crlf + "</HEAD>" + crlf +
                "<BODY><P CLASS=CBS ID=idc>&nbsp;</P>" + crlf +
                "<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>" + crlf;
         for (std::size_t k = 0; k < Problems.Rows(); ++k) {
-            const std::string boat = ToText(Problems(1, k));
+            const std::string boat = PageText(Problems(1, k));
             if (Problems(5, k).AsInt() == 0) {
                 Html += "<P>" + boat + " is not entered in a specific class</P>";
             } else {
                 Html += "<P>" + boat + " has " + ToText(Problems(2, k)) + " active " +
-                        ToText(Problems(3, k)) + " handicaps on " + ToText(Problems(4, k)) +
+                        PageText(Problems(3, k)) + " handicaps on " + ToText(Problems(4, k)) +
                         "</P>" + crlf;
             }
         }
-        Html += "<P>&nbsp;</P><P><A HREF='" + ResultsFile +
+        Html += "<P>&nbsp;</P><P><A HREF='" + PageText(Value(ResultsFile)) +
                 "'>View results</A></P></DIV></BODY></HTML>" + crlf;
         return std::string();
     });

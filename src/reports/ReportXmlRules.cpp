@@ -1,17 +1,38 @@
 #include "reports/ReportXmlRules.h"
 
 #include <cmath>
+#include <string_view>
 
 #include "data/Conversions.h"
 #include "data/Messages.h"
 
 namespace tb {
 
+namespace {
+
+// XML 1.0 holds no control character but the tab and line breaks, nor U+FFFE and U+FFFF, not
+// even as a character reference; one pasted into a name would leave the whole report unreadable.
+// The bytes of such a character at the position, 0 for any other.
+std::size_t UncarriedBytes(std::string_view text, std::size_t at) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    if (byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r')
+        return 1;
+    const std::string_view next = text.substr(at, 3);
+    return next == "\xEF\xBF\xBE" || next == "\xEF\xBF\xBF" ? 3 : 0;
+}
+
+}  // namespace
+
 std::string AttributeValue(const Value& value) {
     const std::string text = ToText(value);
     std::string quoted = "\"";
     quoted.reserve(text.size() + 2);
-    for (char c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (const std::size_t skipped = UncarriedBytes(text, i)) {
+            i += skipped - 1;
+            continue;
+        }
+        const char c = text[i];
         switch (c) {
             case '&':
             case '"':

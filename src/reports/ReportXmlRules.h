@@ -15,7 +15,8 @@ inline constexpr const char* kCrLf = "\r\n";
 inline constexpr const char* kXmlDeclaration = "<?xml version=\"1.0\" ?>";
 
 // The value's ordinary text between double quotes, with & " < > written as &#38; &#34; &#60;
-// &#62; and nothing else replaced; a Null value is written as "".
+// &#62; and nothing else replaced; a Null value is written as "". Characters XML cannot hold
+// (controls other than tab and line breaks, U+FFFE, U+FFFF) are left out.
 std::string AttributeValue(const Value& value);
 
 // ReportDate, ReportTime, ReportType and Entrants, then the ">" that closes the root start tag.

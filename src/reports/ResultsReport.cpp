@@ -141,8 +141,9 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
             if (CumulativeRows(0, r).AsInt() != ClassId)
                 continue;
             const long long boat = CumulativeRows(2, r).AsInt();
-            if (boat != currentBoat) {
-                if (currentBoat > 0)
+            // A standing starts at the class's first row whatever the boat's number, 0 included.
+            if (boatsSeen == 0 || boat != currentBoat) {
+                if (boatsSeen > 0)
                     standings += std::string("</SeriesResult>") + kCrLf;
                 // Totals carry a tiny tie-break fraction: within 0.1 of a whole number they
                 // read as that number.
@@ -164,7 +165,7 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
                          " Name=" + AttributeValue(CumulativeRows(6, r)) + "/>" + kCrLf;
             }
         }
-        if (currentBoat > 0)
+        if (boatsSeen > 0)
             standings += std::string("</SeriesResult>") + kCrLf;
         Xml = races + standings;
         return std::string();

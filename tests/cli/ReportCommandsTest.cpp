@@ -4,17 +4,16 @@
 #include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <set>
 #include <sstream>
 
 #include "app/Globals.h"
 #include "app/ReportMenu.h"
 #include "cli/Commands.h"
+#include "support/Browser.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -211,23 +210,6 @@ TEST_F(ReportCommandTest, WrongRequestsAreRefused) {
     EXPECT_EQ(out, "");
 }
 
-// The page as a browser has built it, or nullopt when no browser is installed.
-std::optional<std::string> BrowserView(const std::string& page, const std::string& profile) {
-    if (std::system("command -v chromium > /dev/null 2>&1") != 0)
-        return std::nullopt;
-    const std::string command = "chromium --headless --no-sandbox --disable-gpu --user-data-dir='" +
-                                profile + "' --dump-dom 'file://" + page + "' 2>/dev/null";
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (pipe == nullptr)
-        return std::nullopt;
-    std::string dom;
-    char buffer[4096];
-    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-        dom.append(buffer, n);
-    ::pclose(pipe);
-    return dom;
-}
-
 TEST_F(ReportCommandTest, ABrowserShowsEveryBoatOfEveryClass) {
     fs::copy(ProgramFolder() + "/Reports", Reports(),
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
@@ -250,7 +232,7 @@ TEST_F(ReportCommandTest, ABrowserShowsEveryBoatOfEveryClass) {
                               kind, "--action", "2"},
                              out),
                   0);
-        const auto dom = BrowserView(Lines(out).at(0), profile.path());
+        const auto dom = test::BrowserView(Lines(out).at(0), profile.path());
         if (!dom)
             GTEST_SKIP() << "chromium is not installed";
         ASSERT_NE(dom->find("</table>"), std::string::npos) << kind;

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "data/RunTimeFault.h"
+
 namespace tb {
 namespace {
 
@@ -141,6 +145,21 @@ TEST(ParseNumber, AcceptsPlainDecimalsOnly) {
     EXPECT_EQ(ParseNumber("1e3"), 1000);
     for (const char* bad : {"", " ", ".", "1,5", "12a", "1e", "inf", "nan", "--1", "1.2.3"}) {
         EXPECT_FALSE(ParseNumber(bad).has_value()) << bad;
+    }
+}
+
+TEST(WholeNumberConversion, OverflowsOutsideTheRangeOfALongAndForNaN) {
+    EXPECT_EQ(Value(2.5).AsInt(), 2);
+    EXPECT_EQ(Value(-9.1e18).AsInt(), -9'100'000'000'000'000'000);
+    // NaN: the fuzzer found that it slipped past the range test into an undefined conversion.
+    for (const double x : {1e19, -1e19, std::numeric_limits<double>::infinity(),
+                           std::numeric_limits<double>::quiet_NaN()}) {
+        try {
+            Value(x).AsInt();
+            ADD_FAILURE() << x << " converted";
+        } catch (const RunTimeFault& fault) {
+            EXPECT_EQ(fault.number(), 6) << x;
+        }
     }
 }
 

@@ -7,13 +7,13 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <functional>
 #include <string>
 
 #include <SQLiteCpp/Database.h>
 
 #include "app/Globals.h"
 #include "data/clResults.h"
+#include "support/ChildProcess.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -21,6 +21,7 @@ namespace tb {
 namespace {
 
 using test::RecordingMessages;
+using test::RunUnprivileged;
 using test::TestDatabase;
 
 bool StartsWith(const std::string& text, const std::string& prefix) {
@@ -109,35 +110,6 @@ TEST(Faults, ADatabaseMissingATableIsRefusedAndLeftAsItWas) {
     EXPECT_NE(Msg.find(" in ConnectDb\r"), std::string::npos) << Msg;
     EXPECT_EQ(db.Count("Settings"), settings);
     EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "");
-}
-
-// Runs body in a child process without root's right to write anywhere, and returns the message
-// it produced; the data file's permissions then mean what they say.
-std::string RunUnprivileged(const std::function<std::string()>& body) {
-    int channel[2];
-    if (pipe(channel) != 0)
-        return "<no pipe>";
-    const pid_t child = fork();
-    if (child == 0) {
-        close(channel[0]);
-        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
-            _exit(2);
-        const std::string Msg = body();
-        if (write(channel[1], Msg.data(), Msg.size()) < 0)
-            _exit(3);
-        _exit(0);
-    }
-    close(channel[1]);
-    std::string Msg;
-    char buffer[512];
-    for (ssize_t n; (n = read(channel[0], buffer, sizeof buffer)) > 0;)
-        Msg.append(buffer, static_cast<std::size_t>(n));
-    close(channel[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        return "<child failed>";
-    return Msg;
 }
 
 TEST(Faults, AReadOnlyDataFileGivesAMessageAndStaysAsItWas) {

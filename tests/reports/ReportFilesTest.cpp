@@ -226,6 +226,8 @@ TEST_F(ReportFilesTest, ProblemLinesNameEachBoatsTrouble) {
     problems.AddRow({Value(7), Value("Aurora"), Value(2), Value("Club"), Value(day), Value(1)});
     problems.AddRow({Value(8), Value("Bella"), Value(1), Value("Club"), Value(day), Value(0)});
     problems.AddRow({Value(9), Value("Curlew"), Value(1), Value("Club"), Value(day), Value(0)});
+    problems.AddRow(
+        {Value(10), Value("Me & <You>"), Value(2), Value("O'Neil's"), Value(day), Value(1)});
     std::string html;
     ASSERT_EQ(
         results.ReportProblemsHTML("/reports/2024/0622_1000_0R.htm", classRows, problems, html),
@@ -234,6 +236,8 @@ TEST_F(ReportFilesTest, ProblemLinesNameEachBoatsTrouble) {
                         "<P>Aurora has 2 active Club handicaps on 22/06/2024</P>\r\n"
                         "<P>Bella is not entered in a specific class</P>"
                         "<P>Curlew is not entered in a specific class</P>"
+                        "<P>Me &amp; &lt;You&gt; has 2 active O&#39;Neil&#39;s handicaps on "
+                        "22/06/2024</P>\r\n"
                         "<P>&nbsp;</P><P><A HREF='/reports/2024/0622_1000_0R.htm'>View "
                         "results</A></P></DIV></BODY></HTML>\r\n"),
               std::string::npos)

@@ -206,7 +206,18 @@ TEST_F(ReportXmlTest, SubSeriesTitleStandsInWhenTheSeriesHasNone) {
               std::string::npos);
 }
 
-TEST(ReportXmlRules, AttributeValuesReplaceOnlyTheFourMarkupCharacters) {
+TEST_F(ReportXmlTest, ABoatNumberedZeroKeepsItsSeriesStanding) {
+    const std::string boat = "(SELECT Boat FROM Entrant WHERE Id = " + std::to_string(fish) + ")";
+    db.Exec("UPDATE Handicap SET Boat = 0 WHERE Boat = " + boat);
+    db.Exec("UPDATE Boat SET Id = 0 WHERE Id = " + boat);
+    db.Exec("UPDATE Entrant SET Boat = 0 WHERE Id = " + std::to_string(fish));
+    const std::string xml = Xml('S', 0);
+    EXPECT_NE(xml.find(R"(<SeriesResult BoatName="Fish &#38; Chips" SailNo="GBR 1")"),
+              std::string::npos)
+        << xml;
+}
+
+TEST(ReportXmlRules, AttributeValuesReplaceTheFourMarkupCharactersAndDropWhatXmlCannotHold) {
     struct Case {
         Value value;
         const char* written;
@@ -221,6 +232,10 @@ TEST(ReportXmlRules, AttributeValuesReplaceOnlyTheFourMarkupCharacters) {
         {Value(0.985), R"("0.985")"},
         {Value(MakeDateTime(2024, 6, 15)), R"("15/06/2024")"},
         {Value(MakeDateTime(2024, 6, 15, 14, 5, 9)), R"("15/06/2024 14:05:09")"},
+        {Value("Tab\tand\r\nbreak"), "\"Tab\tand\r\nbreak\""},
+        {Value(std::string("Bell\x07, nul\0 and escape\x1B", 23)), R"("Bell, nul and escape")"},
+        {Value("Not\xEF\xBF\xBE a\xEF\xBF\xBF letter \xEF\xBF\xBD"),
+         "\"Not a letter \xEF\xBF\xBD\""},
     };
     for (const Case& c : cases)
         EXPECT_EQ(AttributeValue(c.value), c.written) << c.written;

@@ -1,0 +1,207 @@
+// Reports under faults: a computation killed part-way, a report folder the program may not write
+// to, and a report write that fails part-way.
+
+#include <gtest/gtest.h>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "app/Globals.h"
+#include "cli/Commands.h"
+#include "data/clResults.h"
+#include "reports/ReportFixture.h"
+#include "support/ChildProcess.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+
+namespace tb {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kRaceAndSeriesResults = 5;
+constexpr int kAllEntrantsPage = 2;
+constexpr int kDataAsXml = 4;
+constexpr int kEntryListByHandicap = 0;
+
+// Creates the report of the kind and action for the race from the data file into the report
+// folder, as the program does; the message, and the file written in path.
+std::string MakeReport(const std::string& data, const std::string& reports, int kind, int action,
+                       int race, std::string& path) {
+    DataFile = data;
+    ReportPath = reports + "/";
+    clResults results;
+    std::string Msg = results.ReadReportMenu(ProgramFolder() + "/Tallyboard.ini");
+    if (Msg.empty()) {
+        const auto& chosen = results.ReportMenu()[static_cast<std::size_t>(kind)]
+                                 .Actions[static_cast<std::size_t>(action)];
+        Msg = results.CreateReport(kind, action, chosen.Viewer, race, path);
+    }
+    return Msg;
+}
+
+// Every file under the folder, by path.
+std::vector<std::string> FilesUnder(const std::string& folder) {
+    std::vector<std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (entry.is_regular_file())
+            files.push_back(entry.path().string());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::string Scalar(const std::string& file, const std::string& sql) {
+    SQLite::Database db(file, SQLite::OPEN_READONLY);
+    SQLite::Statement st(db, sql);
+    return st.executeStep() ? st.getColumn(0).getString() : std::string("<no row>");
+}
+
+class ReportFaults : public ::testing::Test {
+protected:
+    ~ReportFaults() override {
+        DataFile = savedDataFile_;
+        ReportPath = savedReportPath_;
+    }
+
+    // A demonstration season of the size given, with the shipped style sheets in a report folder.
+    void MakeSeason(const std::string& boats, const std::string& races) {
+        testing::internal::CaptureStdout();
+        const int status = cli::Demo({data, "--boats", boats, "--races", races, "--seed", "11"});
+        testing::internal::GetCapturedStdout();
+        ASSERT_EQ(status, 0);
+        fs::copy(ProgramFolder() + "/Reports", reports, fs::copy_options::recursive);
+        lastRace = std::stoi(Scalar(data, "SELECT max(Id) FROM Schedule"));
+    }
+
+    test::TempFolder folder;
+    test::RecordingMessages messages;
+    const std::string data = folder.path() + "/season.db";
+    const std::string reports = folder.path() + "/Reports";
+    int lastRace = 0;
+
+private:
+    const std::string savedDataFile_ = DataFile;
+    const std::string savedReportPath_ = ReportPath;
+};
+
+TEST_F(ReportFaults, AReportKilledPartWayLeavesASoundFileThatReportsAsBefore) {
+    MakeSeason("120", "30");
+    const std::string untouched = folder.path() + "/untouched.db";
+    const std::string timing = folder.path() + "/timing.db";
+    fs::copy_file(data, untouched);
+    fs::copy_file(data, timing);
+
+    std::string path;
+    const auto started = Clock::now();
+    ASSERT_EQ(test::RunInChild([&] {
+                  return MakeReport(timing, reports, kRaceAndSeriesResults, kAllEntrantsPage,
+                                    lastRace, path);
+              }),
+              "");
+    const auto whole = Clock::now() - started;
+
+    // Killed early, half-way and late in the computation.
+    int killed = 0;
+    for (const double part : {0.2, 0.5, 0.8}) {
+        const pid_t child = fork();
+        if (child == 0) {
+            std::string unused;
+            MakeReport(data, reports, kRaceAndSeriesResults, kAllEntrantsPage, lastRace, unused);
+            _exit(0);
+        }
+        std::this_thread::sleep_for(
+            std::chrono::duration_cast<std::chrono::microseconds>(whole * part));
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        killed += WIFSIGNALED(status) ? 1 : 0;
+    }
+    EXPECT_GT(killed, 0) << "every report finished before it could be killed";
+
+    EXPECT_EQ(Scalar(data, "PRAGMA integrity_check"), "ok");
+    std::string afterKills;
+    std::string fromUntouched;
+    ASSERT_EQ(MakeReport(data, reports + "-killed", kRaceAndSeriesResults, kDataAsXml, lastRace,
+                         afterKills),
+              "");
+    ASSERT_EQ(MakeReport(untouched, reports + "-untouched", kRaceAndSeriesResults, kDataAsXml,
+                         lastRace, fromUntouched),
+              "");
+    EXPECT_EQ(test::WithoutReportTime(test::ReadFile(afterKills)),
+              test::WithoutReportTime(test::ReadFile(fromUntouched)));
+}
+
+TEST_F(ReportFaults, AReadOnlyReportFolderGivesAMessageAndNoReport) {
+    MakeSeason("12", "3");
+    // The report computes into the data file, which the unprivileged child may write.
+    chmod(folder.path().c_str(), 0777);
+    for (const char* part : {"", "-wal", "-shm"})
+        chmod((data + part).c_str(), 0666);
+    const std::vector<std::string> before = FilesUnder(reports);
+    chmod(reports.c_str(), 0555);
+
+    for (const int kind : {kEntryListByHandicap, kRaceAndSeriesResults}) {
+        const std::string Msg = test::RunUnprivileged([&] {
+            std::string path;
+            return MakeReport(data, reports, kind, kAllEntrantsPage, lastRace, path);
+        });
+        EXPECT_TRUE(Msg.starts_with("C-Error ")) << Msg;
+        EXPECT_NE(Msg.find("Permission denied"), std::string::npos) << Msg;
+    }
+    // A year folder that exists but may not be written to.
+    chmod(reports.c_str(), 0755);
+    fs::create_directory(reports + "/2026");
+    chmod((reports + "/2026").c_str(), 0555);
+    const std::string Msg = test::RunUnprivileged([&] {
+        std::string path;
+        return MakeReport(data, reports, kEntryListByHandicap, kAllEntrantsPage, lastRace, path);
+    });
+    EXPECT_TRUE(
+        Msg.starts_with("C-Error 75 raised by Tallyboard in CreateReport\r"
+                        "Path/File access error: " +
+                        reports + "/2026/"))
+        << Msg;
+    EXPECT_EQ(FilesUnder(reports), before);
+}
+
+TEST_F(ReportFaults, AWriteThatFailsPartWayLeavesTheEarlierReport) {
+    MakeSeason("150", "3");
+    std::string path;
+    ASSERT_EQ(MakeReport(data, reports, kEntryListByHandicap, kAllEntrantsPage, lastRace, path),
+              "");
+    const std::string earlier = test::ReadFile(path);
+    const std::vector<std::string> files = FilesUnder(reports);
+
+    // The entry list only reads the data file, and this open connection keeps the file's shared
+    // memory at full size, so the limit catches the report alone.
+    SQLite::Database open(data, SQLite::OPEN_READONLY);
+    ASSERT_TRUE(SQLite::Statement(open, "SELECT count(*) FROM Boat").executeStep());
+    const rlim_t limit = earlier.size() / 2;
+    const std::string Msg = test::RunInChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit size{limit, limit};
+        if (setrlimit(RLIMIT_FSIZE, &size) != 0)
+            return std::string("<no limit>");
+        std::string again;
+        return MakeReport(data, reports, kEntryListByHandicap, kAllEntrantsPage, lastRace, again);
+    });
+    EXPECT_EQ(Msg, "C-Error 61 raised by Tallyboard in CreateReport\rDisk full: " + path);
+    EXPECT_EQ(test::ReadFile(path), earlier);
+    EXPECT_EQ(FilesUnder(reports), files);
+}
+
+}  // namespace
+}  // namespace tb

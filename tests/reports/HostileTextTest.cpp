@@ -1,0 +1,220 @@
+// Names and notes with markup characters, quotes, separators, letters beyond Latin, tabs, line
+// breaks and great length, typed through the stores and shown by every report.
+
+#include <gtest/gtest.h>
+
+#include <libxml/parser.h>
+
+#include <chrono>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/Globals.h"
+#include "data/clResults.h"
+#include "reports/ReportFixture.h"
+#include "support/Browser.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+
+namespace tb {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kMarks = "Me & You <Skip> \"Ahoy\" 'O'Hara', a;b";
+const std::string kLetters = "Łódź Müller 日本";
+const std::string kBreaks = "Tab\there\r\nnext\nline";
+constexpr int kRaceResults = 3;
+constexpr int kSeriesResults = 4;
+
+// 2,000 characters, many of them more than one byte.
+std::string LongText() {
+    const std::vector<std::string> letters = {"A", "&", "<", "ł", "日", ";", " ", "ü"};
+    std::string text;
+    for (int i = 0; i < 2000; ++i)
+        text += letters[static_cast<std::size_t>(i) % letters.size()];
+    return text;
+}
+const std::string kLong = LongText();
+
+// The text as an XML attribute gives it back: each tab and line break a blank, CR LF one blank.
+std::string AsAttribute(std::string text) {
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text.compare(i, 2, "\r\n") == 0)
+            continue;
+        out += text[i] == '\t' || text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
+    }
+    return out;
+}
+
+// The text as a browser writes out the text of an element.
+std::string AsPageText(const std::string& text) {
+    std::string out;
+    for (char c : AsAttribute(text)) {
+        if (c == '&')
+            out += "&amp;";
+        else if (c == '<')
+            out += "&lt;";
+        else if (c == '>')
+            out += "&gt;";
+        else
+            out += c;
+    }
+    return out;
+}
+
+// Every attribute value of the document; empty when it does not parse.
+std::set<std::string> AttributeValues(const std::string& xml) {
+    std::set<std::string> values;
+    xmlDocPtr doc = xmlReadMemory(xml.data(), static_cast<int>(xml.size()), "report.xml", nullptr,
+                                  XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+    if (doc == nullptr)
+        return values;
+    std::vector<xmlNode*> pending = {xmlDocGetRootElement(doc)};
+    while (!pending.empty()) {
+        xmlNode* node = pending.back();
+        pending.pop_back();
+        for (xmlAttr* a = node->properties; a != nullptr; a = a->next) {
+            xmlChar* value = xmlNodeGetContent(a->children);
+            values.insert(value ? reinterpret_cast<const char*>(value) : "");
+            xmlFree(value);
+        }
+        for (xmlNode* child = node->children; child != nullptr; child = child->next)
+            if (child->type == XML_ELEMENT_NODE)
+                pending.push_back(child);
+    }
+    xmlFreeDoc(doc);
+    return values;
+}
+
+class HostileText : public ::testing::Test {
+protected:
+    HostileText() : savedReportPath_(ReportPath) {
+        ReportPath = folder.path() + "/Reports/";
+        fs::copy(ProgramFolder() + "/Reports", ReportPath, fs::copy_options::recursive);
+    }
+    ~HostileText() override { ReportPath = savedReportPath_; }
+
+    // Adds a helm, a boat with a handicap and its entry to the race through the stores.
+    int Enter(const std::string& boatName, const std::string& firstname,
+              const std::string& lastname, const std::string& nameOnResults,
+              const std::string& sailNo) {
+        int person = 0;
+        EXPECT_EQ(
+            results.PutPersonalDetails(person, kMarks, firstname, lastname, kBreaks, kLetters,
+                                       kLong, kMarks, kLetters, kMarks, "", "", "", true, kMarks),
+            "");
+        int boat = 0;
+        EXPECT_EQ(results.PutBoatDetails(boat, boatName, sailNo, model, person), "");
+        EXPECT_EQ(results.PutHandicapDetails(0, boat, static_cast<short>(handicapType), "1.000",
+                                             "01/01/2026", ""),
+                  "");
+        std::vector<int> races = {race};
+        EXPECT_EQ(results.PutEntryDetails(boat, series, person, classId, "01/05/2026", 0,
+                                          nameOnResults, races),
+                  "");
+        return std::stoi(db.Text("SELECT Id FROM Entrant WHERE Boat = " + std::to_string(boat)));
+    }
+
+    test::TestDatabase db;
+    test::RecordingMessages messages;
+    test::TempFolder folder;
+    clResults results;
+    int handicapType = 0, model = -1, series = 0, classId = 0, race = 0;
+
+private:
+    std::string savedReportPath_;
+};
+
+TEST_F(HostileText, IsStoredAsTypedAndEveryReportShowsIt) {
+    ASSERT_EQ(results.PutOptions(kMarks, kBreaks, kLetters, handicapType, kMarks + kLetters), "");
+    ASSERT_EQ(results.PutModelDetails(model, kLong, 4.2, 0.8), "");
+    ASSERT_EQ(results.PutSeriesDetails(series, kMarks, kLetters, 1, "1"), "");
+    ASSERT_EQ(results.PutClassDetails(0, series, kMarks + kLetters, "", handicapType), "");
+    classId = std::stoi(db.Text("SELECT max(Id) FROM Class"));
+    ASSERT_EQ(results.PutScheduleDetails(0, series, kBreaks, "01/06/2026", true, kMarks), "");
+    race = std::stoi(db.Text("SELECT max(Id) FROM Schedule"));
+    const int first = Enter(kMarks, kLetters, kMarks, "", "GBR 1");
+    const int second = Enter(kLong, kBreaks, kLetters, kLong, "日本 2");
+
+    RowSet starts;
+    ASSERT_EQ(results.GetStartTimes(series, race, starts), "");
+    const DateTime ten =
+        std::chrono::sys_days{std::chrono::June / 1 / 2026} + std::chrono::hours(10);
+    // The class footnote is written into the report as it stands, markup and all, by rule.
+    ASSERT_EQ(results.PutStartTime(static_cast<int>(starts(2, 0).AsInt()), Value(ten), kLetters,
+                                   "See the notice"),
+              "");
+    ASSERT_EQ(
+        results.PutResult(race, first, "110000", "01 Jun 2026", 9, "5", "", "", kMarks + kBreaks),
+        "");
+    ASSERT_EQ(results.PutResult(race, second, "111500", "01 Jun 2026", 9, "", "", "", kLong), "");
+
+    struct Stored {
+        const char* sql;
+        std::string typed;
+    };
+    for (const Stored& s : std::vector<Stored>{
+             {"SELECT Value FROM Settings WHERE Parameter = 'Header'", kMarks},
+             {"SELECT Value FROM Settings WHERE Parameter = 'Comment'", kBreaks},
+             {"SELECT Value FROM Settings WHERE Parameter = 'Footnote'", kLetters},
+             {"SELECT Description FROM HandicapType WHERE Id = (SELECT max(Id) FROM HandicapType)",
+              kMarks + kLetters},
+             {"SELECT Model FROM BoatType WHERE Id = (SELECT max(Id) FROM BoatType)", kLong},
+             {"SELECT Title || '|' || SubseriesTitle FROM Series", kMarks + "|" + kLetters},
+             {"SELECT ClassName FROM Class", kMarks + kLetters},
+             {"SELECT RaceName || '|' || Reference FROM Schedule", kBreaks + "|" + kMarks},
+             {"SELECT group_concat(BoatName, '|') FROM Boat", kMarks + "|" + kLong},
+             {"SELECT Firstname || Lastname || Address1 || Address2 || City || EmailAddress "
+              "FROM People ORDER BY Id LIMIT 1",
+              kLetters + kMarks + kBreaks + kLetters + kLong + kMarks},
+             {"SELECT max(NameOnResults) FROM Entrant", kLong},
+             {"SELECT max(TopNote) FROM Start", kLetters},
+             {"SELECT group_concat(Notes, '|') FROM Results ORDER BY Id",
+              kMarks + kBreaks + "|" + kLong},
+         }) {
+        EXPECT_EQ(db.Text(s.sql), s.typed) << s.sql;
+    }
+
+    std::string xmlPath;
+    ASSERT_EQ(results.ReadReportMenu(ProgramFolder() + "/Tallyboard.ini"), "");
+    ASSERT_EQ(results.CreateReport(5, 4, 0, race, xmlPath), "");
+    const std::set<std::string> attributes = AttributeValues(test::ReadFile(xmlPath));
+    ASSERT_FALSE(attributes.empty()) << "the report's XML does not parse";
+    for (const std::string& typed : {kMarks, kLong, kBreaks, kMarks + kLetters, kLetters})
+        EXPECT_TRUE(attributes.contains(AsAttribute(typed))) << typed;
+
+    test::TempFolder profile;
+    const std::string helm = kLetters + " " + kMarks;
+    for (int kind = 0; kind < 6; ++kind) {
+        std::string page;
+        ASSERT_EQ(results.CreateReport(kind, 2, 1, race, page), "") << kind;
+        const auto dom = test::BrowserView(page, profile.path());
+        if (!dom)
+            GTEST_SKIP() << "chromium is not installed";
+        // Series standings name boats, not helms.
+        std::vector<std::string> shown = {kMarks, kLong, kMarks + kLetters};
+        if (kind != kSeriesResults)
+            shown.push_back(helm);
+        for (const std::string& text : shown)
+            EXPECT_NE(dom->find(AsPageText(text)), std::string::npos)
+                << "report " << kind << " does not show " << text.substr(0, 40);
+    }
+
+    // A boat whose handicap has run out: the problem page is what is shown.
+    db.Exec(
+        "UPDATE Handicap SET Expires = '2026-05-01 00:00:00' WHERE Boat = "
+        "(SELECT min(Id) FROM Boat)");
+    std::string problemPage;
+    ASSERT_EQ(results.CreateReport(kRaceResults, 2, 1, race, problemPage), "");
+    ASSERT_TRUE(problemPage.ends_with("_Problem.htm")) << problemPage;
+    const auto dom = test::BrowserView(problemPage, profile.path());
+    ASSERT_TRUE(dom);
+    EXPECT_NE(dom->find("<p>" + AsPageText(kMarks) + " has 0 active "), std::string::npos) << *dom;
+}
+
+}  // namespace
+}  // namespace tb

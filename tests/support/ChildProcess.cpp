@@ -1,0 +1,49 @@
+#include "support/ChildProcess.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tb::test {
+
+namespace {
+
+constexpr uid_t kNobody = 65534;
+
+std::string RunForked(const std::function<std::string()>& body, bool unprivileged) {
+    int channel[2];
+    if (pipe(channel) != 0)
+        return "<no pipe>";
+    const pid_t child = fork();
+    if (child == 0) {
+        close(channel[0]);
+        if (unprivileged && geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
+            _exit(2);
+        const std::string Msg = body();
+        if (write(channel[1], Msg.data(), Msg.size()) < 0)
+            _exit(3);
+        _exit(0);
+    }
+    close(channel[1]);
+    std::string Msg;
+    char buffer[512];
+    for (ssize_t n; (n = read(channel[0], buffer, sizeof buffer)) > 0;)
+        Msg.append(buffer, static_cast<std::size_t>(n));
+    close(channel[0]);
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return "<child failed>";
+    return Msg;
+}
+
+}  // namespace
+
+std::string RunInChild(const std::function<std::string()>& body) {
+    return RunForked(body, false);
+}
+
+std::string RunUnprivileged(const std::function<std::string()>& body) {
+    return RunForked(body, true);
+}
+
+}  // namespace tb::test

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace tb::test {
+
+// Runs body in a forked child and returns the text it returned; "<child failed>" when the child
+// did not end normally. A fault the child suffers (a size limit, a dropped right) stays there.
+std::string RunInChild(const std::function<std::string()>& body);
+
+// The same in a child without root's right to write anywhere, so that file and folder
+// permissions mean what they say even when the tests run as root.
+std::string RunUnprivileged(const std::function<std::string()>& body);
+
+}  // namespace tb::test
