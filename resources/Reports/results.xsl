@@ -103,11 +103,7 @@
                   <td class="wide model"><xsl:value-of select="@BoatType"/></td>
                   <td><xsl:value-of select="@Skipper"/></td>
                   <td class="num"><xsl:value-of select="@TCF"/></td>
-                  <td class="num wide">
-                    <xsl:call-template name="time-of-day">
-                      <xsl:with-param name="stamp" select="@Finish"/>
-                    </xsl:call-template>
-                  </td>
+                  <td class="num wide"><xsl:apply-templates select="@Finish" mode="time-of-day"/></td>
                   <td class="num wide"><xsl:value-of select="@Elapsed"/></td>
                   <td class="num"><xsl:value-of select="@Corrected"/></td>
                   <td class="num total"><xsl:value-of select="@Points"/></td>
@@ -153,13 +149,15 @@
                   <td class="num pos"><xsl:value-of select="@Position"/></td>
                   <td class="boat"><xsl:value-of select="@BoatName"/></td>
                   <td><xsl:value-of select="@SailNo"/></td>
-                  <xsl:for-each select="Score">
+                  <!-- Walking the score attributes themselves keeps the test and the value at
+                       the context node: the season's table has one cell per boat and race. -->
+                  <xsl:for-each select="Score/@Pts">
                     <td class="num">
                       <xsl:choose>
-                        <xsl:when test="contains(@Pts, '*')">
-                          <span class="discard" title="discarded"><xsl:value-of select="@Pts"/></span>
+                        <xsl:when test="contains(., '*')">
+                          <span class="discard" title="discarded"><xsl:value-of select="."/></span>
                         </xsl:when>
-                        <xsl:otherwise><xsl:value-of select="@Pts"/></xsl:otherwise>
+                        <xsl:otherwise><xsl:value-of select="."/></xsl:otherwise>
                       </xsl:choose>
                     </td>
                   </xsl:for-each>
@@ -174,13 +172,10 @@
   </xsl:template>
 
   <!-- "13 Apr 2026 12:31:05" reads 12:31:05; "-" (no finish) stays as it is. -->
-  <xsl:template name="time-of-day">
-    <xsl:param name="stamp"/>
+  <xsl:template match="@*" mode="time-of-day">
     <xsl:choose>
-      <xsl:when test="string-length($stamp) &gt; 12">
-        <xsl:value-of select="substring($stamp, 13)"/>
-      </xsl:when>
-      <xsl:otherwise><xsl:value-of select="$stamp"/></xsl:otherwise>
+      <xsl:when test="string-length(.) &gt; 12"><xsl:value-of select="substring(., 13)"/></xsl:when>
+      <xsl:otherwise><xsl:value-of select="."/></xsl:otherwise>
     </xsl:choose>
   </xsl:template>
 
