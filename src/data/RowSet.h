@@ -29,6 +29,8 @@ public:
 
     // Adds a row; the first row fixes the number of columns.
     void AddRow(std::vector<Value> row);
+    // Adds a row of Null cells to be filled in place and gives its first cell.
+    Value* AddNullRow(std::size_t columns);
     void Clear() { *this = RowSet(); }
 
     bool operator==(const RowSet& other) const = default;

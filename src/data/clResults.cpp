@@ -36,64 +36,6 @@ void CheckTallyboardTables(SQLite::Database& db) {
     }
 }
 
-void Bind(SQLite::Statement& st, int index, const Value& v) {
-    std::visit(
-        [&](const auto& x) {
-            using T = std::decay_t<decltype(x)>;
-            if constexpr (std::is_same_v<T, std::monostate>) {
-                st.bind(index);
-            } else if constexpr (std::is_same_v<T, bool>) {
-                st.bind(index, x ? 1 : 0);
-            } else if constexpr (std::is_same_v<T, std::int64_t>) {
-                st.bind(index, static_cast<int64_t>(x));
-            } else if constexpr (std::is_same_v<T, double>) {
-                st.bind(index, x);
-            } else if constexpr (std::is_same_v<T, std::string>) {
-                st.bind(index, x);
-            } else {
-                st.bind(index, ToStoredDateTime(x));
-            }
-        },
-        v.storage());
-}
-
-// Date/Time and Yes/No columns are declared as such, so their values read back with their type.
-enum class ColumnKind : char { Plain, Date, Boolean };
-
-ColumnKind KindOf(const SQLite::Statement& st, int column) {
-    try {
-        const std::string declared = st.getColumnDeclaredType(column);
-        if (declared == "DATETIME")
-            return ColumnKind::Date;
-        if (declared == "BOOLEAN")
-            return ColumnKind::Boolean;
-    } catch (const SQLite::Exception&) {
-        // An expression column has no declared type.
-    }
-    return ColumnKind::Plain;
-}
-
-Value ReadColumn(const SQLite::Column& c, ColumnKind kind) {
-    switch (c.getType()) {
-        case SQLITE_NULL:
-            return {};
-        case SQLITE_INTEGER:
-            if (kind == ColumnKind::Boolean)
-                return Value(c.getInt64() != 0);
-            return Value(static_cast<long long>(c.getInt64()));
-        case SQLITE_FLOAT:
-            return Value(c.getDouble());
-        default: {
-            std::string s = c.getString();
-            if (kind == ColumnKind::Date) {
-                if (auto t = ParseStoredDateTime(s))
-                    return Value(*t);
-            }
-            return Value(std::move(s));
-        }
-    }
-}
-
 }  // namespace
 
 clResults::clResults() = default;
@@ -157,48 +99,40 @@ std::string clResults::Run(const char* location, Shape shape,
     return Msg;
 }
 
-SQLite::Statement& clResults::Prepared(std::string_view sql) {
+Statement& clResults::Prepared(std::string_view sql) {
     auto it = statements_.find(std::string(sql));
     if (it == statements_.end()) {
-        auto st = std::make_unique<SQLite::Statement>(*Cn, std::string(sql));
+        auto st = std::make_unique<Statement>(Cn->getHandle(), sql);
         it = statements_.emplace(std::string(sql), std::move(st)).first;
     }
-    SQLite::Statement& st = *it->second;
-    st.tryReset();
-    st.clearBindings();
+    Statement& st = *it->second;
+    st.Restart();
     return st;
 }
 
 RowSet clResults::Query(std::string_view sql, const std::vector<Value>& params) {
-    SQLite::Statement& st = Prepared(sql);
+    Statement& st = Prepared(sql);
     int index = 1;
     for (const Value& p : params)
-        Bind(st, index++, p);
+        st.Bind(index++, p);
     RowSet rows;
-    const int columns = st.getColumnCount();
-    std::vector<ColumnKind> kinds;
-    while (st.executeStep()) {
-        if (kinds.empty()) {
-            for (int c = 0; c < columns; ++c)
-                kinds.push_back(KindOf(st, c));
-        }
-        std::vector<Value> row;
-        row.reserve(static_cast<std::size_t>(columns));
+    const int columns = st.Columns();
+    while (st.Step()) {
+        Value* row = rows.AddNullRow(static_cast<std::size_t>(columns));
         for (int c = 0; c < columns; ++c)
-            row.push_back(ReadColumn(st.getColumn(c), kinds[c]));
-        rows.AddRow(std::move(row));
+            row[c] = st.Read(c);
     }
-    st.tryReset();
+    st.Restart();
     return rows;
 }
 
 int clResults::Execute(std::string_view sql, const std::vector<Value>& params) {
-    SQLite::Statement& st = Prepared(sql);
+    Statement& st = Prepared(sql);
     int index = 1;
     for (const Value& p : params)
-        Bind(st, index++, p);
-    const int changes = st.exec();
-    st.tryReset();
+        st.Bind(index++, p);
+    const int changes = st.Execute();
+    st.Restart();
     return changes;
 }
 

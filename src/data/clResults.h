@@ -15,10 +15,10 @@
 
 #include "app/ReportMenu.h"
 #include "data/RowSet.h"
+#include "data/Statement.h"
 
 namespace SQLite {
 class Database;
-class Statement;
 }  // namespace SQLite
 
 namespace tb {
@@ -233,7 +233,7 @@ private:
     RowSet Query(std::string_view sql, const std::vector<Value>& params = {});
     int Execute(std::string_view sql, const std::vector<Value>& params = {});
     std::int64_t LastInsertId() const;
-    SQLite::Statement& Prepared(std::string_view sql);
+    Statement& Prepared(std::string_view sql);
 
     // ---- Private steps of the boats, people, series, entries and results operations
 
@@ -257,7 +257,7 @@ private:
 
     std::unique_ptr<SQLite::Database> Cn;
     bool Connected_ = false;
-    std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;
+    std::unordered_map<std::string, std::unique_ptr<Statement>> statements_;
     ReportMenuTable ReportMenu_;
 };
 

@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include <SQLiteCpp/Statement.h>
-
 #include "data/Conversions.h"
 #include "data/RunTimeFault.h"
 #include "data/clResults.h"
@@ -303,15 +301,15 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
 
         // Each result whose points changed is written once, through the one prepared statement:
         // making the next report of the same race rewrites next to nothing.
-        SQLite::Statement& store = Prepared(kStorePoints);
+        Statement& store = Prepared(kStorePoints);
         for (std::size_t i = 0; i < scored.size(); ++i) {
             const Value& stored = results(6, scored[i].row);
             if (!stored.IsNull() && stored.AsDouble() == points[i])
                 continue;
-            store.bind(1, points[i]);
-            store.bind(2, static_cast<int64_t>(results(5, scored[i].row).AsInt()));
-            store.exec();
-            store.reset();
+            store.Bind(1, points[i]);
+            store.Bind(2, static_cast<std::int64_t>(results(5, scored[i].row).AsInt()));
+            store.Execute();
+            store.Restart();
         }
         return Msg;
     });
