@@ -23,6 +23,8 @@ class Database;
 
 namespace tb {
 
+struct ScopeResult;
+
 class clResults {
 public:
     clResults();
@@ -238,6 +240,17 @@ private:
     // ---- Private steps of the boats, people, series, entries and results operations
 
     // ---- Private steps of the scoring computations
+    // A report's computations in one pass over the results: the race scoring gives every result
+    // in scope with the points it stored, the discards mark theirs in the same list and the
+    // standings are read from it.
+    std::string ComputePoints(int RaceId, short Option, std::vector<ScopeResult>& Scope);
+    std::string ComputeSeriesPoints(int RaceId, short Option, std::vector<ScopeResult>& Scope,
+                                    RowSet& Discards);
+    std::string GetCumulativeResults(int RaceId, short Option,
+                                     const std::vector<ScopeResult>& Scope, RowSet& CumulativeRows);
+    std::string MarkDiscards(int RaceId, short Option, std::vector<ScopeResult>& Scope,
+                             RowSet& Discards);
+    RowSet Standings(int RaceId, short Option, const std::vector<ScopeResult>& Scope);
 
     // ---- Private steps of the reports
     std::string XMLTransform(const std::string& Xml, const std::string& StyleSheetPath,

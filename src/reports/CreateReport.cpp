@@ -25,6 +25,7 @@
 #include "data/clResults.h"
 #include "reports/Charset.h"
 #include "reports/ReportXmlRules.h"
+#include "scoring/ScopeResults.h"
 
 extern char** environ;
 
@@ -272,15 +273,16 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
             Msg = ConnectDb();
             if (Msg.empty()) {
                 Transaction computation(Cn->getHandle());
+                ScopeResults scope;
                 Msg = ComputeResultTimes(RaceId, Problems);
                 if (Msg.empty())
-                    Msg = ComputePoints(RaceId, Option);
+                    Msg = ComputePoints(RaceId, Option, scope);
                 if (Msg.empty())
                     Msg = GetRaceResults(RaceId, Option, ClassRows, ResultRows);
                 if (Msg.empty() && Letter != "R")
-                    Msg = ComputeSeriesPoints(RaceId, Option, SeriesPointsRows);
+                    Msg = ComputeSeriesPoints(RaceId, Option, scope, SeriesPointsRows);
                 if (Msg.empty() && Letter != "R")
-                    Msg = GetCumulativeResults(RaceId, Option, CumulativeRows);
+                    Msg = GetCumulativeResults(RaceId, Option, scope, CumulativeRows);
                 computation.Commit();
             }
             if (Msg.empty()) {

@@ -12,6 +12,7 @@
 #include "data/RunTimeFault.h"
 #include "data/clResults.h"
 #include "scoring/ScopeFilters.h"
+#include "scoring/ScopeResults.h"
 
 namespace tb {
 
@@ -153,6 +154,11 @@ bool RanksBefore(const ScoredResult& a, const ScoredResult& b, const RowSet& res
 }  // namespace
 
 std::string clResults::ComputePoints(int RaceId, short Option) {
+    ScopeResults scope;
+    return ComputePoints(RaceId, Option, scope);
+}
+
+std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Scope) {
     return Run("ComputePoints", Shape::Write, [&] {
         const std::string raceFilter = SubSeriesFilter(Option);
         const auto scoring = ReadScoringRows(Query(kScoringRows, {RaceId}));
@@ -310,6 +316,21 @@ std::string clResults::ComputePoints(int RaceId, short Option) {
             store.Bind(2, static_cast<std::int64_t>(results(5, scored[i].row).AsInt()));
             store.Execute();
             store.Restart();
+        }
+
+        // Every result of the selection's entrants, with the points it now holds.
+        std::vector<const double*> scoredPoints(results.Rows(), nullptr);
+        for (std::size_t i = 0; i < scored.size(); ++i)
+            scoredPoints[scored[i].row] = &points[i];
+        Scope.clear();
+        Scope.reserve(results.Rows());
+        for (std::size_t r = 0; !results.IsEmpty() && r < results.Rows(); ++r) {
+            const auto c = classOf.find(results(1, r).AsInt());
+            if (c == classOf.end())
+                continue;
+            Scope.push_back({results(5, r).AsInt(), results(0, r).AsInt(), c->first, c->second,
+                             results(2, r).AsInt(),
+                             scoredPoints[r] != nullptr ? Value(*scoredPoints[r]) : results(6, r)});
         }
         return Msg;
     });

@@ -6,6 +6,7 @@
 #include "data/Conversions.h"
 #include "data/clResults.h"
 #include "scoring/ScopeFilters.h"
+#include "scoring/ScopeResults.h"
 
 namespace tb {
 
@@ -149,62 +150,94 @@ std::string clResults::GetRaceResults(int RaceId, short Option, RowSet& ClassRow
 
 std::string clResults::GetCumulativeResults(int RaceId, short Option, RowSet& CumulativeRows) {
     return Run("GetCumulativeResults", Shape::Query, [&] {
-        const RowSet entrants = Query(StandingsEntrants(EntrantTypeFilter(Option)), {RaceId});
-        const RowSet races = Query(StandingsRaces(SubSeriesFilter(Option)), {RaceId});
-        const RowSet scores = Query(StandingsScores(SubSeriesFilter(Option)), {RaceId});
-        std::unordered_map<long long, std::size_t> raceOrder;
-        for (std::size_t r = 0; !races.IsEmpty() && r < races.Rows(); ++r)
-            raceOrder.emplace(races(0, r).AsInt(), r);
-        // Each entrant's scores in race order: (race's place in the order, score's row).
-        std::unordered_map<long long, std::vector<std::pair<std::size_t, std::size_t>>> byEntrant;
-        for (std::size_t r = 0; !scores.IsEmpty() && r < scores.Rows(); ++r) {
-            const auto race = raceOrder.find(scores(1, r).AsInt());
-            if (race != raceOrder.end())
-                byEntrant[scores(0, r).AsInt()].emplace_back(race->second, r);
+        const RowSet rows = Query(StandingsScores(SubSeriesFilter(Option)), {RaceId});
+        ScopeResults scores;
+        for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r) {
+            ScopeResult score;
+            score.entrant = rows(0, r).AsInt();
+            score.race = rows(1, r).AsInt();
+            score.points = rows(2, r);
+            scores.push_back(std::move(score));
         }
-        CumulativeRows = RowSet();
-        for (std::size_t e = 0; !entrants.IsEmpty() && e < entrants.Rows(); ++e) {
-            auto found = byEntrant.find(entrants(0, e).AsInt());
-            if (found == byEntrant.end())
-                continue;
-            std::sort(found->second.begin(), found->second.end());
-            for (const auto& [race, score] : found->second) {
-                CumulativeRows.AddRow({entrants(1, e), entrants(2, e), entrants(3, e),
-                                       entrants(4, e), entrants(5, e), races(1, race),
-                                       races(2, race), scores(2, score), entrants(6, e), Value(0)});
-            }
-        }
-        long long currentClass = 0;
-        long long currentBoat = 0;
-        long long position = 0;
-        long long boats = 0;
-        double lastTotal = 0;
-        for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
-            // A discarded result is stored negative and shown as its points with a "*".
-            const double points = CumulativeRows(7, r).AsDouble();
-            if (points < 0)
-                CumulativeRows(7, r) = Value(ToText(Value(-points)) + "*");
-            const long long classId = CumulativeRows(0, r).AsInt();
-            const long long boat = CumulativeRows(2, r).AsInt();
-            const double total = CumulativeRows(8, r).AsDouble();
-            if (classId != currentClass || r == 0) {
-                currentClass = classId;
-                currentBoat = boat;
-                position = 1;
-                boats = 1;
-                lastTotal = total;
-            } else if (boat != currentBoat) {
-                currentBoat = boat;
-                ++boats;
-                if (total != lastTotal) {
-                    position = boats;
-                    lastTotal = total;
-                }
-            }
-            CumulativeRows(9, r) = Value(position);
-        }
+        CumulativeRows = Standings(RaceId, Option, scores);
         return std::string();
     });
+}
+
+std::string clResults::GetCumulativeResults(int RaceId, short Option, const ScopeResults& Scope,
+                                            RowSet& CumulativeRows) {
+    return Run("GetCumulativeResults", Shape::Query, [&] {
+        CumulativeRows = Standings(RaceId, Option, Scope);
+        return std::string();
+    });
+}
+
+RowSet clResults::Standings(int RaceId, short Option, const ScopeResults& Scope) {
+    const RowSet entrants = Query(StandingsEntrants(EntrantTypeFilter(Option)), {RaceId});
+    const RowSet races = Query(StandingsRaces(SubSeriesFilter(Option)), {RaceId});
+    std::unordered_map<long long, std::size_t> raceOrder;
+    for (std::size_t r = 0; !races.IsEmpty() && r < races.Rows(); ++r)
+        raceOrder.emplace(races(0, r).AsInt(), r);
+    // Each entrant's scores in race order: (race's place in the order, score). A result
+    // without points has no score.
+    std::unordered_map<long long, std::vector<std::pair<std::size_t, const Value*>>> byEntrant;
+    for (const ScopeResult& score : Scope) {
+        if (score.points.IsNull() || score.points.AsDouble() == 0)
+            continue;
+        const auto race = raceOrder.find(score.race);
+        if (race != raceOrder.end())
+            byEntrant[score.entrant].emplace_back(race->second, &score.points);
+    }
+    RowSet CumulativeRows;
+    for (std::size_t e = 0; !entrants.IsEmpty() && e < entrants.Rows(); ++e) {
+        auto found = byEntrant.find(entrants(0, e).AsInt());
+        if (found == byEntrant.end())
+            continue;
+        std::sort(found->second.begin(), found->second.end());
+        for (const auto& [race, points] : found->second) {
+            Value* row = CumulativeRows.AddNullRow(10);
+            row[0] = entrants(1, e);
+            row[1] = entrants(2, e);
+            row[2] = entrants(3, e);
+            row[3] = entrants(4, e);
+            row[4] = entrants(5, e);
+            row[5] = races(1, race);
+            row[6] = races(2, race);
+            row[7] = *points;
+            row[8] = entrants(6, e);
+            row[9] = Value(0);
+        }
+    }
+    long long currentClass = 0;
+    long long currentBoat = 0;
+    long long position = 0;
+    long long boats = 0;
+    double lastTotal = 0;
+    for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
+        // A discarded result is stored negative and shown as its points with a "*".
+        const double points = CumulativeRows(7, r).AsDouble();
+        if (points < 0)
+            CumulativeRows(7, r) = Value(ToText(Value(-points)) + "*");
+        const long long classId = CumulativeRows(0, r).AsInt();
+        const long long boat = CumulativeRows(2, r).AsInt();
+        const double total = CumulativeRows(8, r).AsDouble();
+        if (classId != currentClass || r == 0) {
+            currentClass = classId;
+            currentBoat = boat;
+            position = 1;
+            boats = 1;
+            lastTotal = total;
+        } else if (boat != currentBoat) {
+            currentBoat = boat;
+            ++boats;
+            if (total != lastTotal) {
+                position = boats;
+                lastTotal = total;
+            }
+        }
+        CumulativeRows(9, r) = Value(position);
+    }
+    return CumulativeRows;
 }
 
 }  // namespace tb
