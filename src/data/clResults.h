@@ -240,6 +240,7 @@ private:
     // ---- Private steps of the boats, people, series, entries and results operations
 
     // ---- Private steps of the scoring computations
+    bool ResultsMissing(int RaceId);
     // A report's computations in one pass over the results: the race scoring gives every result
     // in scope with the points it stored, the discards mark theirs in the same list and the
     // standings are read from it.
