@@ -31,6 +31,7 @@ public:
     void AddRow(std::vector<Value> row);
     // Adds a row of Null cells to be filled in place and gives its first cell.
     Value* AddNullRow(std::size_t columns);
+    void Reserve(std::size_t columns, std::size_t rows) { cells_.reserve(columns * rows); }
     void Clear() { *this = RowSet(); }
 
     bool operator==(const RowSet& other) const = default;

@@ -159,7 +159,11 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
                 currentBoat = boat;
                 ++boatsSeen;
             }
-            standings += "<Score Pts=" + AttributeValue(CumulativeRows(7, r)) + "/>" + kCrLf;
+            // One cell per boat and race: appended piece by piece, with no text in between.
+            standings += "<Score Pts=";
+            standings += AttributeValue(CumulativeRows(7, r));
+            standings += "/>";
+            standings += kCrLf;
             if (boatsSeen == 1) {
                 races += "<Race Date=" + AttributeValue(CumulativeRows(5, r)) +
                          " Name=" + AttributeValue(CumulativeRows(6, r)) + "/>" + kCrLf;

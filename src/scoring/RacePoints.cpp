@@ -3,7 +3,6 @@
 #include <limits>
 #include <map>
 #include <optional>
-#include <set>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -182,16 +181,18 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
         };
 
         // Entrants: the boats on each race's entry list, start by start.
-        std::set<RaceAndKey> entries;
+        std::vector<RaceAndKey> entries;
         std::unordered_map<long long, long long> entrants;
         const RowSet entryRows = Query(EntriesInScope(raceFilter), {RaceId});
         for (std::size_t r = 0; !entryRows.IsEmpty() && r < entryRows.Rows(); ++r) {
             const long long race = entryRows(0, r).AsInt();
             const long long entrant = entryRows(1, r).AsInt();
-            entries.insert({race, entrant});
+            entries.push_back({race, entrant});
             if (const StartInScope* start = startOf(race, entrant))
                 ++entrants[start->id];
         }
+
+        std::sort(entries.begin(), entries.end());
 
         // Every result in scope, whether or not the boat was on the race's entry list; those on
         // it are ranked, and starters are those of them with a status other than
@@ -206,7 +207,8 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
             if (start == nullptr)
                 continue;
             const long long status = results(2, r).AsInt();
-            const bool entered = entries.count({race, entrant}) != 0;
+            const bool entered =
+                std::binary_search(entries.begin(), entries.end(), RaceAndKey{race, entrant});
             scored.push_back({start, r, status, entered});
             if (entered && status != 2)
                 ++starters[start->id];

@@ -189,6 +189,7 @@ RowSet clResults::Standings(int RaceId, short Option, const ScopeResults& Scope)
             byEntrant[score.entrant].emplace_back(race->second, &score.points);
     }
     RowSet CumulativeRows;
+    CumulativeRows.Reserve(10, Scope.size());
     for (std::size_t e = 0; !entrants.IsEmpty() && e < entrants.Rows(); ++e) {
         auto found = byEntrant.find(entrants(0, e).AsInt());
         if (found == byEntrant.end())
