@@ -99,6 +99,8 @@ private slots:
                               "*17/06/02 " + QString("Race 2").leftJustified(29),
                               " 24/06/02 " + QString("Race 3").leftJustified(29) + "0.950"}));
         QVERIFY(e.messages.shown.empty());
+        e.Click("Command1");
+        QCOMPARE(Shown(e.messages), QStringList{"I-Not implemented yet"});
     }
 
     void theEntrantTypeTicksRacesFromTheEntryDate() {
