@@ -134,47 +134,40 @@ private slots:
         QCOMPARE(ReadStartupSetting(kReportPathKey), paths.stored ? folder : QString());
     }
 
-    void addsAndRenamesHandicapTypes() {
+    void refusesANewTypeWithoutNameOrWithATakenNameThenAddsAndRenames() {
         const int irc = AddType("IRC");
         Open();
-        QTest::keyClicks(Types()->lineEdit(), " 2026");
-        c.Press("cmdOK");
-        QCOMPARE(
-            club->db.Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(irc)),
-            std::string("IRC 2026"));
-
-        Open();
-        c.Press("AddHCs");
-        QVERIFY(Types()->currentText().isEmpty());
-        QTest::keyClicks(Types()->lineEdit(), "Portsmouth");
-        c.Press("cmdOK");
-        QVERIFY(club->messages.shown.empty());
-        QCOMPARE(club->db.Count("HandicapType"), 2LL);
-        QCOMPARE(club->db.Count("HandicapType", "Description='Portsmouth'"), 1LL);
-    }
-
-    void refusesANewTypeWithoutNameOrWithATakenName() {
-        AddType("IRC");
-        Open();
         c.Press("AddHCs");
         c.Press("cmdOK");
-        QVERIFY(window->isVisible());
-
         c.Get<QLineEdit>("tHeading")->setText("Harbour SC");
         QApplication::setActiveWindow(window.get());
         Types()->setFocus();
         QTest::keyClicks(Types()->lineEdit(), "irc");
         c.Get<QLineEdit>("tHeading")->setFocus();
         c.Press("cmdOK");
-        QVERIFY(window->isVisible());
-        QCOMPARE(club->Setting("Header"), std::string("Harbour SC"));
         // Enter in the list saves too, and is refused alike.
         Types()->setFocus();
         QTest::keyClick(Types()->lineEdit(), Qt::Key_Return);
         const QString taken = "E-Another handicap system named 'irc' already exists";
         QCOMPARE(Shown(club->messages),
                  QStringList({"E-Please specify a name for the handicap type", taken, taken}));
-        QCOMPARE(club->db.Text("SELECT Description FROM HandicapType"), std::string("IRC"));
+        QVERIFY(window->isVisible());
+        QCOMPARE(club->Setting("Header"), std::string("Harbour SC"));
+        QCOMPARE(club->db.Count("HandicapType"), 1LL);
+
+        Types()->lineEdit()->clear();
+        QTest::keyClicks(Types()->lineEdit(), "Portsmouth");
+        c.Press("cmdOK");
+        QCOMPARE(club->db.Count("HandicapType", "Description='Portsmouth'"), 1LL);
+
+        Open();
+        Choose(Types(), "IRC");
+        QTest::keyClicks(Types()->lineEdit(), " 2026");
+        c.Press("cmdOK");
+        QCOMPARE(
+            club->db.Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(irc)),
+            std::string("IRC 2026"));
+        QCOMPARE(club->db.Count("HandicapType"), 2LL);
     }
 
     void removesOnlyATypeNothingUses_data() {
