@@ -8,11 +8,12 @@
 
 #include "app/Globals.h"
 #include "data/clResults.h"
+#include "support/RaceDay.h"
 #include "support/WindowTesting.h"
 #include "ui/frmReport.h"
 
 using namespace tb;
-using test::Row;
+using namespace tb::test;
 
 namespace {
 
@@ -33,47 +34,41 @@ constexpr const char* kMenu =
     "[]\n"
     "[Combined results]\n";
 
+struct KindChosen {
+    int kind, chosen;
+    QStringList actions;
+};
+
+struct Written {
+    int action;
+    QString viewedWith;
+    bool folderWritable;
+};
+
 }  // namespace
 
 class ReportWindowTest : public QObject {
     Q_OBJECT
 
 private:
-    std::unique_ptr<test::TempFolder> programFolder;
-    std::unique_ptr<test::Club> club;
-    test::RecordingViewer viewer;
-    int seriesId = 0;
-    int raceId = 0;
+    std::unique_ptr<TempFolder> programFolder;
+    std::unique_ptr<RaceDay> day;
+    std::unique_ptr<clResults> results;
+    std::unique_ptr<RecordingMessages> messages;
+    std::unique_ptr<frmReport> window;
+    RecordingViewer viewer;
+    Controls c{nullptr};
 
-    // One boat of the series' only class, entered for the race.
-    void EnterABoat() {
-        const std::string series = std::to_string(seriesId);
-        const std::string type =
-            std::to_string(club->Add("INSERT INTO HandicapType (Description) VALUES ('Club')"));
-        const std::string cls = std::to_string(
-            club->Add("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (" + series +
-                      ", 'Cruisers', " + type + ")"));
-        const std::string person = std::to_string(
-            club->Add("INSERT INTO People (Firstname, Lastname) VALUES ('Ann', 'Lee')"));
-        const std::string model =
-            std::to_string(club->Add("INSERT INTO BoatType (Model) VALUES ('Sigma 33')"));
-        const std::string boat = std::to_string(
-            club->Add("INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES "
-                      "('Blue Heron', " +
-                      model + ", 'GBR 4012', 4012, " + person + ")"));
-        const int entrant =
-            club->Add("INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (" +
-                      series + ", " + boat + ", " + cls + ", 0, " + person + ")");
-        club->db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
-                      std::to_string(entrant) + ", " + std::to_string(raceId) + ")");
+    void Open(int seriesId = RaceDay::kSeries) {
+        window = std::make_unique<frmReport>(*results, seriesId, RaceDay::kRace, viewer);
+        c.window = window.get();
     }
-
-    QRadioButton* Kind(QWidget& window, int kind) {
-        return window.findChild<QRadioButton*>(QStringLiteral("rReport_%1").arg(kind));
+    QRadioButton* Kind(int kind) {
+        return c.Get<QRadioButton>(QStringLiteral("rReport_%1").arg(kind).toLatin1());
     }
-    static QStringList Actions(QWidget& window) {
+    QStringList Actions() {
         QStringList actions;
-        const auto* list = window.findChild<QListWidget*>(QStringLiteral("SelAction"));
+        const auto* list = c.Get<QListWidget>("SelAction");
         for (int row = 0; row < list->count(); ++row) {
             actions << list->item(row)->text() + " / " +
                            list->item(row)->data(Qt::UserRole).toString();
@@ -83,108 +78,92 @@ private:
 
 private slots:
     void init() {
-        programFolder = std::make_unique<test::TempFolder>();
+        programFolder = std::make_unique<TempFolder>();
         std::ofstream(programFolder->path() + "/Tallyboard.ini") << kMenu;
         SetProgramFolder(programFolder->path());
-        club = std::make_unique<test::Club>();
-        seriesId = club->Add("INSERT INTO Series (Title) VALUES ('Wednesday Evening')");
-        raceId = club->Add("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" +
-                           std::to_string(seriesId) + ", 'Race 4', '2026-06-03 00:00:00')");
+        day = std::make_unique<RaceDay>();
+        results = std::make_unique<clResults>();
+        messages = std::make_unique<RecordingMessages>();
         viewer.opened.clear();
-        QCOMPARE(club->results.GetInitialisationInfo(), std::string());
+        QCOMPARE(results->GetInitialisationInfo(), std::string());
     }
     void cleanup() {
-        club.reset();
+        window.reset();
+        messages.reset();
+        results.reset();
+        day.reset();
         SetProgramFolder({});
         programFolder.reset();
     }
 
-    void offersTheKindsOfTheMenuAndStartsWithRaceResults() {
-        frmReport window(club->results, seriesId, raceId, viewer);
+    void offersTheKindsOfTheMenuForTheRace() {
+        Open();
         const QStringList titles = {"Entry list by handicap", "", "Class sheet",
                                     "Race results",           "", "Combined results"};
         for (int kind = 0; kind < 6; ++kind) {
-            QCOMPARE(Kind(window, kind)->text(), titles[kind]);
-            QCOMPARE(Kind(window, kind)->isEnabled(), !titles[kind].isEmpty());
+            QCOMPARE(Kind(kind)->text(), titles[kind]);
+            QCOMPARE(Kind(kind)->isEnabled(), !titles[kind].isEmpty());
         }
-        QVERIFY(Kind(window, 3)->isChecked());
-        QCOMPARE(Actions(window), QStringList({"Series entrants / 0", "Sub-series entrants / 1"}));
-        QCOMPARE(window.findChild<QListWidget*>(QStringLiteral("SelAction"))->currentRow(), 0);
-        QCOMPARE(window.findChild<QLabel*>(QStringLiteral("lSeries"))->text(),
-                 QStringLiteral("Wednesday Evening"));
-        QCOMPARE(window.findChild<QLabel*>(QStringLiteral("lRace"))->text(),
-                 QStringLiteral("Race 4 - 03/06/2026"));
-        QVERIFY(club->messages.shown.empty());
+        QCOMPARE(c.Label("lSeries"), QStringLiteral("Summer Series"));
+        QCOMPARE(c.Label("lRace"), QStringLiteral("Race 1 - 12/06/2005"));
+        QVERIFY(messages->shown.empty());
     }
 
     void choosingAKindListsItsActions_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("chosen");
-        QTest::addColumn<QStringList>("actions");
-        Row("entry list", 0, 0,
-            QStringList(
-                {"Everyone / 2", "In a spreadsheet / 2", "As a web page / 2", "Filed only / 2"}));
-        Row("class sheet", 2, 2, QStringList({"Sheet / 0"}));
-        Row("a kind without actions", 5, 5, QStringList());
-        Row("a free slot", 1, 3, QStringList({"Series entrants / 0", "Sub-series entrants / 1"}));
+        QTest::addColumn<KindChosen>("choice");
+        const QStringList raceResults = {"Series entrants / 0", "Sub-series entrants / 1"};
+        Row("none yet: race results", KindChosen{-1, 3, raceResults});
+        Row("entry list", KindChosen{0,
+                                     0,
+                                     {"Everyone / 2", "In a spreadsheet / 2", "As a web page / 2",
+                                      "Filed only / 2"}});
+        Row("class sheet", KindChosen{2, 2, {"Sheet / 0"}});
+        Row("a kind without actions", KindChosen{5, 5, {}});
+        Row("a free slot", KindChosen{1, 3, raceResults});
     }
     void choosingAKindListsItsActions() {
-        QFETCH(int, kind);
-        QFETCH(int, chosen);
-        QFETCH(QStringList, actions);
-        frmReport window(club->results, seriesId, raceId, viewer);
-        QTest::mouseClick(Kind(window, kind), Qt::LeftButton);
-        QVERIFY(Kind(window, chosen)->isChecked());
-        QCOMPARE(Actions(window), actions);
-        QCOMPARE(window.findChild<QListWidget*>(QStringLiteral("SelAction"))->currentRow(),
-                 actions.isEmpty() ? -1 : 0);
+        QFETCH(KindChosen, choice);
+        Open();
+        if (choice.kind >= 0)
+            QTest::mouseClick(Kind(choice.kind), Qt::LeftButton);
+        QVERIFY(Kind(choice.chosen)->isChecked());
+        QCOMPARE(Actions(), choice.actions);
+        QCOMPARE(c.Get<QListWidget>("SelAction")->currentRow(), choice.actions.isEmpty() ? -1 : 0);
     }
 
     void okWritesTheReportAndOpensItWithTheActionsViewer_data() {
-        QTest::addColumn<int>("action");
-        QTest::addColumn<QString>("viewedWith");
-        Row("browser", 0, "browser");
-        Row("spreadsheet", 1, "spreadsheet");
-        Row("browser, second code", 2, "browser");
-        Row("not opened", 3, "");
+        QTest::addColumn<Written>("written");
+        Row("browser", Written{0, "browser", true});
+        Row("spreadsheet", Written{1, "spreadsheet", true});
+        Row("browser, second code", Written{2, "browser", true});
+        Row("not opened", Written{3, "", true});
+        Row("folder cannot be written", Written{0, "", false});
     }
     void okWritesTheReportAndOpensItWithTheActionsViewer() {
-        QFETCH(int, action);
-        QFETCH(QString, viewedWith);
-        EnterABoat();
-        ReportPath = club->db.folder() + "/";
-        frmReport window(club->results, seriesId, raceId, viewer);
-        window.show();
-        QTest::mouseClick(Kind(window, 0), Qt::LeftButton);
-        window.findChild<QListWidget*>(QStringLiteral("SelAction"))->setCurrentRow(action);
-        window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        QFETCH(Written, written);
+        day->AddBoat("Blue Heron", "GBR 4012", 4012, RaceDay::kClass1);
+        ReportPath = (written.folderWritable ? day->db.folder() : day->db.path()) + "/";
+        Open();
+        window->show();
+        QTest::mouseClick(Kind(0), Qt::LeftButton);
+        c.Get<QListWidget>("SelAction")->setCurrentRow(written.action);
+        c.Press("cmdOK");
 
-        QCOMPARE(club->messages.Texts(), std::vector<std::string>());
-        QVERIFY(window.isVisible());
-        const QString written = QString::fromStdString(club->db.folder()) + "/2026/0603__2E.xml";
-        QVERIFY2(QFileInfo::exists(written), qPrintable(written));
-        QCOMPARE(viewer.opened,
-                 viewedWith.isEmpty() ? QStringList() : QStringList({viewedWith + ": " + written}));
-    }
-
-    void aReportFolderThatCannotBeWrittenIsReportedAndNothingOpens() {
-        EnterABoat();
-        ReportPath = club->db.path() + "/";
-        frmReport window(club->results, seriesId, raceId, viewer);
-        window.show();
-        QTest::mouseClick(Kind(window, 0), Qt::LeftButton);
-        window.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
-        QCOMPARE(club->messages.shown.size(), std::size_t{1});
-        QVERIFY(window.isVisible());
-        QCOMPARE(viewer.opened, QStringList());
+        QVERIFY(window->isVisible());
+        const QString file = QString::fromStdString(ReportPath) + "2005/0612__2E.xml";
+        QCOMPARE(QFileInfo::exists(file), written.folderWritable);
+        QCOMPARE(messages->shown.size(), std::size_t{written.folderWritable ? 0u : 1u});
+        QCOMPARE(viewer.opened, written.viewedWith.isEmpty()
+                                    ? QStringList()
+                                    : QStringList({written.viewedWith + ": " + file}));
     }
 
     void aSeriesThatIsGoneIsReportedAndLeavesTheLabelsEmpty() {
-        frmReport window(club->results, seriesId + 100, raceId, viewer);
-        QCOMPARE(club->messages.shown.size(), std::size_t{1});
-        QVERIFY(club->messages.Texts().front().rfind("C-Error ", 0) == 0);
-        QVERIFY(window.findChild<QLabel*>(QStringLiteral("lSeries"))->text().isEmpty());
-        QVERIFY(window.findChild<QLabel*>(QStringLiteral("lRace"))->text().isEmpty());
+        Open(RaceDay::kSeries + 100);
+        QCOMPARE(messages->shown.size(), std::size_t{1});
+        QVERIFY(messages->Texts().front().rfind("C-Error ", 0) == 0);
+        QVERIFY(c.Label("lSeries").isEmpty());
+        QVERIFY(c.Label("lRace").isEmpty());
     }
 };
 

@@ -1,5 +1,6 @@
 #include "support/WindowTesting.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
@@ -13,6 +14,11 @@ int Club::Add(const std::string& insert) {
 
 std::string Club::Setting(const std::string& parameter) {
     return db.Text("SELECT Value FROM Settings WHERE Parameter='" + parameter + "'");
+}
+
+CaseTrace::~CaseTrace() {
+    if (QTest::currentTestFailed())
+        qWarning("in case: %s", qPrintable(name_));
 }
 
 void Type(QLineEdit* field, const QString& text) {
@@ -60,6 +66,29 @@ void Controls::Type(const char* field, const QString& text) const {
 
 void Controls::Choose(const char* list, const QString& text) const {
     test::Choose(Get<QComboBox>(list), text);
+}
+
+QString Controls::Text(const char* field) const {
+    return Get<QLineEdit>(field)->text();
+}
+
+QString Controls::Current(const char* list) const {
+    return Get<QComboBox>(list)->currentText();
+}
+
+QString Controls::Label(const char* label) const {
+    return Get<QLabel>(label)->text();
+}
+
+bool Controls::Enabled(const char* control) const {
+    return Get<QWidget>(control)->isEnabled();
+}
+
+void ShowActive(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+        qFatal("the window did not become active");
 }
 
 TemporarySettingsStore::TemporarySettingsStore() {

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 #include <QTest>
+#include <string>
+#include <vector>
 
 #include "data/clResults.h"
 #include "support/ModalWindows.h"
@@ -34,11 +36,27 @@ struct Club {
     RecordingMessages messages;
 };
 
-// Adds a named row to a Qt Test table, one value per column in order.
+using Texts = std::vector<std::string>;
+
+// Adds a named row to a Qt Test table, one value per column in order; a table of cases is
+// one column holding a struct.
 template <typename... Values>
 void Row(const char* name, Values... values) {
     (QTest::newRow(name) << ... << values);
 }
+
+// Names the case in the log when a check fails inside a loop over cases, as Qt Test reports
+// only the line.
+class CaseTrace {
+public:
+    explicit CaseTrace(QString name) : name_(std::move(name)) {}
+    ~CaseTrace();
+    CaseTrace(const CaseTrace&) = delete;
+    CaseTrace& operator=(const CaseTrace&) = delete;
+
+private:
+    QString name_;
+};
 
 // Replaces a field's text by typing, so the window sees a user's edit.
 void Type(QLineEdit* field, const QString& text);
@@ -60,7 +78,14 @@ struct Controls {
     void Press(const char* button) const;
     void Type(const char* field, const QString& text) const;
     void Choose(const char* list, const QString& text) const;
+    QString Text(const char* field) const;
+    QString Current(const char* list) const;
+    QString Label(const char* label) const;
+    bool Enabled(const char* control) const;
 };
+
+// Shows the window and waits until it has the keyboard, as a user's window would.
+void ShowActive(QWidget& window);
 
 // Points the user's settings store at a temporary folder, empty, for the lifetime of the object.
 class TemporarySettingsStore {
