@@ -67,13 +67,6 @@ TEST(Schema, RefusesASecondRowWhereOneIsTheRule) {
     EXPECT_THROW(db.Exec("INSERT INTO Settings (Parameter) VALUES ('version')"), SQLite::Exception);
 }
 
-TEST(Schema, TextComparesWithoutRegardToCase) {
-    TestDatabase db;
-    db.Exec("INSERT INTO People (Lastname) VALUES ('Smith')");
-    EXPECT_EQ(db.Count("People", "Lastname='SMITH'"), 1);
-    EXPECT_EQ(db.Count("People", "Lastname LIKE 'smi%'"), 1);
-}
-
 TEST(CreateDatabase, NeverWritesOverAFile) {
     TempFolder folder;
     const std::string path = folder.path() + "/club.db";

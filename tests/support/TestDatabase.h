@@ -25,6 +25,9 @@ public:
     long long Count(const std::string& table, const std::string& where = "");
     // The first column of the first row as text ("" for Null, "<no row>" when nothing is found).
     std::string Text(const std::string& sql);
+    // Whether an operation has stamped the data as changed, and forgetting that it did.
+    bool Stamped() { return Count("Settings", "Parameter='LastModified'") == 1; }
+    void ForgetStamp() { Exec("DELETE FROM Settings WHERE Parameter='LastModified'"); }
 
 private:
     std::string folder_;
