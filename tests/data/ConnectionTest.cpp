@@ -73,13 +73,6 @@ TEST(ErrorText, KeepsAMessageAndBuildsTheRunTimeText) {
               "C-Error 19 raised by SQLite in PutSeriesDetails\rUNIQUE constraint failed");
 }
 
-TEST(SqlQuote, DoublesApostrophesOnly) {
-    EXPECT_EQ(clResults::SqlQuote("O'Neil"), "O''Neil");
-    EXPECT_EQ(clResults::SqlQuote(""), "");
-    EXPECT_EQ(clResults::SqlQuote("''"), "''''");
-    EXPECT_EQ(clResults::SqlQuote("Me & \"You\""), "Me & \"You\"");
-}
-
 TEST(ShowMessage, ChoosesIconAndTitleByTheKindLetter) {
     RecordingMessages messages;
     for (const char* Msg :

@@ -81,8 +81,6 @@ protected:
         Insert("INSERT INTO Results (Schedule, Entrant, Status) VALUES (" + std::to_string(race) +
                ", " + std::to_string(entrant) + ", 2)");
     }
-    void ForgetModifiedStamp() { db.Exec("DELETE FROM Settings WHERE Parameter='LastModified'"); }
-    bool Stamped() { return db.Count("Settings", "Parameter='LastModified'") == 1; }
 
     TestDatabase db;
     clResults results;
