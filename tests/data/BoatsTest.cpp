@@ -150,28 +150,23 @@ TEST_F(BoatsTest, ModelsAreAddedWithMinusOneAndZeroIsNoModel) {
 
 TEST_F(BoatsTest, NewAndRevisedHandicapsStartTodayAndEndWithTheYear) {
     const DateTime today = Today();
-    const DateTime yearEnd = MakeDateTime(YearOf(today), 12, 31);
+    const std::string thisYear =
+        FormatDate(today, "dd/mm/yyyy") + "|31/12/" + std::to_string(YearOf(today));
     const int boat = AddBoat("Swift", "1");
     const int irc = AddHandicapType("IRC");
     const int stored = AddHandicap(boat, irc, "0.985", "01/04/2009", "31/03/2010");
-
-    RowSet detail;
-    ASSERT_EQ(results.GetHandicapDetail(0, detail), "");
-    ASSERT_EQ(detail.Columns(), 4u);
-    EXPECT_TRUE(detail(0, 0).IsNull());
-    EXPECT_TRUE(detail(1, 0).IsNull());
-    EXPECT_EQ(detail(2, 0).AsDate(), today);
-    EXPECT_EQ(detail(3, 0).AsDate(), yearEnd);
-
-    ASSERT_EQ(results.GetHandicapDetail(-stored, detail), "");
-    EXPECT_EQ(detail(0, 0).AsInt(), irc);
-    EXPECT_EQ(detail(1, 0).AsDouble(), 0.985);
-    EXPECT_EQ(detail(2, 0).AsDate(), today);
-    EXPECT_EQ(detail(3, 0).AsDate(), yearEnd);
-
-    ASSERT_EQ(results.GetHandicapDetail(stored, detail), "");
-    EXPECT_EQ(detail(2, 0).AsDate(), MakeDateTime(2009, 4, 1));
-    EXPECT_EQ(detail(3, 0).AsDate(), MakeDateTime(2010, 3, 31));
+    // Type, TCF, from and to of the detail shown for the id.
+    auto detail = [&](int id) {
+        RowSet rows;
+        EXPECT_EQ(results.GetHandicapDetail(id, rows), "");
+        EXPECT_EQ(rows.Columns(), 4u);
+        return ToText(rows(0, 0)) + "|" + ToText(rows(1, 0)) + "|" +
+               FormatDate(rows(2, 0).AsDate(), "dd/mm/yyyy") + "|" +
+               FormatDate(rows(3, 0).AsDate(), "dd/mm/yyyy");
+    };
+    EXPECT_EQ(detail(0), "||" + thisYear);
+    EXPECT_EQ(detail(-stored), std::to_string(irc) + "|0.985|" + thisYear);
+    EXPECT_EQ(detail(stored), std::to_string(irc) + "|0.985|01/04/2009|31/03/2010");
 }
 
 TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBefore) {
@@ -184,9 +179,9 @@ TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBefore) {
         results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
         "");
     EXPECT_EQ(db.Count("Handicap"), 2);
-    EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)),
-              "2010-03-31 00:00:00");
-    EXPECT_EQ(db.Text("SELECT Handicap FROM Handicap WHERE Id=" + std::to_string(old)), "0.985");
+    EXPECT_EQ(
+        db.Text("SELECT Expires || '|' || Handicap FROM Handicap WHERE Id=" + std::to_string(old)),
+        "2010-03-31 00:00:00|0.985");
     EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
               "2010-04-01 00:00:00");
     EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
