@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 
 #include "app/Globals.h"
 #include "data/Conversions.h"
@@ -34,13 +35,8 @@ std::string MenuOf(const std::string& action) {
     return ini;
 }
 
-std::size_t FilesIn(const std::string& folder) {
-    std::size_t n = 0;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        (void)entry;
-        ++n;
-    }
-    return n;
+std::ptrdiff_t FilesIn(const std::string& folder) {
+    return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
 
 void WriteScript(const std::string& path, const std::string& body) {
@@ -93,7 +89,7 @@ TEST_F(ReportFilesTest, MakingAReportAgainOverwritesItsFile) {
     WriteFile(first, "stale text that is longer than nothing at all");
     ASSERT_EQ(Make('R', second), "");
     EXPECT_EQ(first, second);
-    EXPECT_EQ(FilesIn(yearFolder()), 1u);
+    EXPECT_EQ(FilesIn(yearFolder()), 1);
     EXPECT_TRUE(ReadFile(second).starts_with("<?xml version=\"1.0\" ?>\r\n<RaceResults "));
 }
 
@@ -320,7 +316,7 @@ TEST_F(OutputObjectTest, TheShippedPublisherFillsTheWebFolder) {
     ASSERT_EQ(Msg, "");
     EXPECT_NE(ReadFile(web + "/race.htm").find("Fish &amp; Chips"), std::string::npos);
     EXPECT_TRUE(ReadFile(web + "/race.xml").starts_with("<?xml"));
-    EXPECT_EQ(FilesIn(web), 2u) << "no half-written files are left behind";
+    EXPECT_EQ(FilesIn(web), 2) << "no half-written files are left behind";
 }
 
 }  // namespace
