@@ -169,35 +169,11 @@ TEST_F(BoatsTest, NewAndRevisedHandicapsStartTodayAndEndWithTheYear) {
     EXPECT_EQ(detail(stored), std::to_string(irc) + "|0.985|01/04/2009|31/03/2010");
 }
 
-TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBefore) {
+TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBeforeAndBadTextsStoreNothing) {
     const int boat = AddBoat("Swift", "1");
     const int irc = AddHandicapType("IRC");
     const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
     EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)), "");
-
-    ASSERT_EQ(
-        results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
-        "");
-    EXPECT_EQ(db.Count("Handicap"), 2);
-    EXPECT_EQ(
-        db.Text("SELECT Expires || '|' || Handicap FROM Handicap WHERE Id=" + std::to_string(old)),
-        "2010-03-31 00:00:00|0.985");
-    EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
-              "2010-04-01 00:00:00");
-    EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
-
-    RowSet handicaps;
-    ASSERT_EQ(results.GetHandicaps(boat, handicaps), "");
-    ASSERT_EQ(handicaps.Rows(), 2u);
-    EXPECT_EQ(handicaps(2, 0).AsDouble(), 0.990);  // newest period first
-    EXPECT_TRUE(handicaps(4, 0).IsNull());
-    EXPECT_EQ(handicaps(1, 1).ToText(), "IRC");
-}
-
-TEST_F(BoatsTest, HandicapThatDoesNotConvertStoresNothing) {
-    const int boat = AddBoat("Swift", "1");
-    const int irc = AddHandicapType("IRC");
-    const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
     const struct {
         int id;
         const char* tcf;
@@ -218,6 +194,24 @@ TEST_F(BoatsTest, HandicapThatDoesNotConvertStoresNothing) {
         EXPECT_EQ(db.Count("Handicap"), 1);
         EXPECT_EQ(db.Count("Handicap", "Expires IS NULL AND Handicap=0.985"), 1);
     }
+
+    ASSERT_EQ(
+        results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
+        "");
+    EXPECT_EQ(db.Count("Handicap"), 2);
+    EXPECT_EQ(
+        db.Text("SELECT Expires || '|' || Handicap FROM Handicap WHERE Id=" + std::to_string(old)),
+        "2010-03-31 00:00:00|0.985");
+    EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
+              "2010-04-01 00:00:00");
+    EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
+
+    RowSet handicaps;
+    ASSERT_EQ(results.GetHandicaps(boat, handicaps), "");
+    ASSERT_EQ(handicaps.Rows(), 2u);
+    EXPECT_EQ(handicaps(2, 0).AsDouble(), 0.990);  // newest period first
+    EXPECT_TRUE(handicaps(4, 0).IsNull());
+    EXPECT_EQ(handicaps(1, 1).ToText(), "IRC");
 }
 
 TEST_F(BoatsTest, RemovingABoatTakesItsHandicapsOnly) {

@@ -133,6 +133,12 @@ TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
         EXPECT_EQ(results.CreateReport(kind, 0, 1, c.race, path), c.message) << c.action;
         EXPECT_FALSE(fs::exists(yearFolder()) && FilesIn(yearFolder()) > 0) << c.action;
     }
+    // A kind or an action outside the menu.
+    std::string path;
+    for (const auto& [kind, action] : {std::pair{6, 0}, std::pair{3, 1}}) {
+        EXPECT_EQ(results.CreateReport(kind, action, 1, race2, path),
+                  "C-Error 9 raised by Tallyboard in CreateReport\rSubscript out of range");
+    }
 }
 
 TEST_F(ReportFilesTest, AFootnoteThatIsNotMarkupStopsTheTransform) {
@@ -144,15 +150,6 @@ TEST_F(ReportFilesTest, AFootnoteThatIsNotMarkupStopsTheTransform) {
     EXPECT_TRUE(Msg.starts_with("E-StartTag: invalid element name")) << Msg;
     EXPECT_TRUE(Msg.ends_with("<ClassFootNote>Wind < 5 knots</ClassFootNote>")) << Msg;
     EXPECT_FALSE(fs::exists(yearFolder() + "0622_1000_0R.htm"));
-}
-
-TEST_F(ReportFilesTest, AKindOrActionOutsideTheMenuIsARunTimeError) {
-    UseMenu(MenuOf("x=,,,0,1"));
-    std::string path;
-    const std::string outOfRange =
-        "C-Error 9 raised by Tallyboard in CreateReport\rSubscript out of range";
-    EXPECT_EQ(results.CreateReport(6, 0, 1, race2, path), outOfRange);
-    EXPECT_EQ(results.CreateReport(3, 1, 1, race2, path), outOfRange);
 }
 
 TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) {

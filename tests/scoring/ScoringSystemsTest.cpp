@@ -82,7 +82,7 @@ TEST_F(ScoringSystemsTest, NewSystemHasFifteenRowsInTheFixedLayoutAndASecondSave
               5);
 }
 
-TEST_F(ScoringSystemsTest, NameHeldByAnotherScoringSystemChangesNothing) {
+TEST_F(ScoringSystemsTest, NamesHeldByAnotherSystemAreRefused) {
     for (const char* name : {"Low points", "LOW POINTS"}) {
         SCOPED_TRACE(name);
         EXPECT_EQ(Save(0, name, 0, "Fresh rule"),
@@ -90,9 +90,8 @@ TEST_F(ScoringSystemsTest, NameHeldByAnotherScoringSystemChangesNothing) {
         EXPECT_EQ(Counts(), "1 15 1 5");
         EXPECT_EQ(db.Count("Points", "Value=10"), 0);
     }
-}
 
-TEST_F(ScoringSystemsTest, DiscardNameClashKeepsTheScoringSystemSaved) {
+    // A discard name held by another system: the scoring system is saved all the same.
     ASSERT_EQ(Save(0, "Other rule owner", 0, "Taken"), "");
     EXPECT_EQ(Save(kLowPoints, "Renamed low points", kSeededDiscards, "Taken"),
               "E-Another discard system named 'Taken' already exists");
