@@ -14,8 +14,7 @@ protected:
         return db.Text("SELECT Value FROM Settings WHERE Parameter='" + name + "'");
     }
     int AddType(const std::string& description) {
-        db.Exec("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
-        return static_cast<int>(db.raw().getLastInsertRowid());
+        return db.Insert("INSERT INTO HandicapType (Description) VALUES (?1)", {description});
     }
     std::string TypeName(int id) {
         return db.Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(id));

@@ -25,8 +25,7 @@ protected:
         return id;
     }
     int AddHandicapType(const std::string& description) {
-        db.Exec("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
-        return static_cast<int>(db.raw().getLastInsertRowid());
+        return db.Insert("INSERT INTO HandicapType (Description) VALUES (?1)", {description});
     }
     int AddHandicap(int boat, int type, const std::string& tcf, const std::string& from,
                     const std::string& expires = "") {

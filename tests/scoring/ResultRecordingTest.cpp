@@ -36,20 +36,14 @@ protected:
 
     void AddBoat(int id, const std::string& name, const std::string& fullSailNo, int sailNo,
                  int classId, bool inRace = true) {
-        SQLite::Statement boat(db.raw(),
-                               "INSERT INTO Boat (BoatName, FullSailNo, SailNo, Id) VALUES "
-                               "(?, ?, ?, " +
-                                   std::to_string(id) + ")");
-        boat.bind(1, name);
-        boat.bind(2, fullSailNo);
-        boat.bind(3, sailNo);
-        boat.exec();
-        db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (" + std::to_string(id) +
-                ", 1, " + std::to_string(id) + ", " + std::to_string(classId) + ")");
-        if (inRace) {
-            db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + std::to_string(id) +
-                    ", 10)");
-        }
+        const std::string n = std::to_string(id);
+        db.Insert("INSERT INTO Boat (Id, SailNo, BoatName, FullSailNo) VALUES (" + n + ", " +
+                      std::to_string(sailNo) + ", ?1, ?2)",
+                  {name, fullSailNo});
+        db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (" + n + ", 1, " + n + ", " +
+                std::to_string(classId) + ")");
+        if (inRace)
+            db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + n + ", 10)");
     }
 
     std::string Column(const std::string& column, int entrant = 1, int race = 10) {

@@ -1,3 +1,4 @@
+#include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 
 #include <set>

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tb::test {
 
@@ -22,6 +23,8 @@ public:
 
     SQLite::Database& raw();
     void Exec(const std::string& sql);
+    // Runs an INSERT with the texts bound to ?1, ?2, ... and returns the new row's Id.
+    int Insert(const std::string& sql, const std::vector<std::string>& texts = {});
     long long Count(const std::string& table, const std::string& where = "");
     // The first column of the first row as text ("" for Null, "<no row>" when nothing is found).
     std::string Text(const std::string& sql);
