@@ -158,21 +158,12 @@ TEST_F(ReportXmlTest, EveryReportKindIsWrittenExactly) {
     EXPECT_EQ(Xml('R', 0), kRaceResultsSeriesEntrants);
     EXPECT_EQ(Xml('S', 0), kSeriesResultsSeriesEntrants);
     EXPECT_EQ(Xml('B', 2), kCombinedResultsAllEntrants);
-}
-
-TEST_F(ReportXmlTest, TheThreeEntryListsDifferOnlyInTheirReportType) {
-    const std::string byHandicap = Xml('E', 2);
-    std::string bySailNo = Xml('A', 2);
-    std::string classSheet = Xml('C', 2);
-    const auto replace = [](std::string& text, const std::string& from, const std::string& to) {
-        const auto at = text.find(from);
-        ASSERT_NE(at, std::string::npos) << from;
-        text.replace(at, from.size(), to);
-    };
-    replace(bySailNo, "\"EntryListBySailNo\"", "\"EntryListByHandicap\"");
-    replace(classSheet, "\"ClassSheet\"", "\"EntryListByHandicap\"");
-    EXPECT_EQ(bySailNo, byHandicap);
-    EXPECT_EQ(classSheet, byHandicap);
+    // The other two entry lists differ from the one by handicap only in their report type.
+    for (const auto& [letter, type] : {std::pair{'A', "EntryListBySailNo"}, {'C', "ClassSheet"}}) {
+        std::string expected = kEntryListAllCompetitors;
+        expected.replace(expected.find("EntryListByHandicap"), 19, type);
+        EXPECT_EQ(Xml(letter, 2), expected) << letter;
+    }
 }
 
 TEST_F(ReportXmlTest, TitlesFollowTheEntrantSelectionAndTheReportKind) {
