@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <regex>
-
+#include "app/Globals.h"
 #include "data/clResults.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -10,45 +10,82 @@ namespace {
 
 class SettingsTest : public ::testing::Test {
 protected:
+    std::string Setting(const std::string& name) {
+        return db.Text("SELECT Value FROM Settings WHERE Parameter='" + name + "'");
+    }
+    int AddType(const std::string& description) {
+        return db.Insert("INSERT INTO HandicapType (Description) VALUES (?1)", {description});
+    }
+    std::string TypeName(int id) {
+        return db.Text("SELECT Description FROM HandicapType WHERE Id=" + std::to_string(id));
+    }
+
     test::TestDatabase db;
     clResults results;
 };
 
-TEST_F(SettingsTest, EmptyStoresNullAndNullReadsBackEmpty) {
-    ASSERT_EQ(results.PutSetting("Comment", "Results are provisional"), "");
-    std::string value;
-    ASSERT_EQ(results.GetSetting("Comment", value), "");
-    EXPECT_EQ(value, "Results are provisional");
-
-    ASSERT_EQ(results.PutSetting("Comment", ""), "");
-    EXPECT_EQ(db.Count("Settings", "Parameter='Comment' AND Value IS NULL"), 1);
-    value = "stale";
-    ASSERT_EQ(results.GetSetting("Comment", value), "");
-    EXPECT_EQ(value, "");
-}
-
-TEST_F(SettingsTest, AMissingParameterIsCreatedAndAbsentOneKeepsTheCallersValue) {
+TEST_F(SettingsTest, StoredAsTypedInOneRowWithEmptyAsNullAndNoStamp) {
     std::string value = "untouched";
     ASSERT_EQ(results.GetSetting("LastSeries", value), "");
-    EXPECT_EQ(value, "untouched");
+    EXPECT_EQ(value, "untouched") << "an absent parameter keeps the caller's value";
+    const std::string typed = "O'Neil's Cup; \"Me & You\" <results>";
     ASSERT_EQ(results.PutSetting("LastSeries", "12"), "");
-    ASSERT_EQ(results.PutSetting("LastSeries", "13"), "");
+    ASSERT_EQ(results.PutSetting("LastSeries", typed), "");
     EXPECT_EQ(db.Count("Settings", "Parameter='LastSeries'"), 1);
     ASSERT_EQ(results.GetSetting("LastSeries", value), "");
-    EXPECT_EQ(value, "13");
+    EXPECT_EQ(value, typed);
+
+    ASSERT_EQ(results.PutSetting("LastSeries", ""), "");
+    EXPECT_EQ(db.Count("Settings", "Parameter='LastSeries' AND Value IS NULL"), 1);
+    ASSERT_EQ(results.GetSetting("LastSeries", value), "");
+    EXPECT_EQ(value, "");
+    EXPECT_FALSE(db.Stamped());
 }
 
-TEST_F(SettingsTest, ValuesWithApostrophesAndQuotesAreStoredAsTyped) {
-    const std::string header = "O'Neil's Cup; \"Me & You\" <results>";
-    ASSERT_EQ(results.PutSetting("Header", header), "");
-    std::string value;
-    ASSERT_EQ(results.GetSetting("Header", value), "");
-    EXPECT_EQ(value, header);
+TEST_F(SettingsTest, OptionsSaveTheTextsAndAddOrRenameTheChosenHandicapSystem) {
+    int id = 0;
+    ASSERT_EQ(results.PutOptions("Harbour SC", "Provisional", "Protests by 18:00", id, "IRC"), "");
+    EXPECT_EQ(Setting("Header") + "|" + Setting("Comment") + "|" + Setting("Footnote"),
+              "Harbour SC|Provisional|Protests by 18:00");
+    EXPECT_GT(id, 0);
+    EXPECT_EQ(TypeName(id), "IRC");
+    EXPECT_TRUE(db.Stamped());
+
+    // The same name in other letters, then a new name: the chosen row each time.
+    const int irc = id;
+    for (const char* name : {"irc", "IRC 2026"}) {
+        ASSERT_EQ(results.PutOptions("", "", "", id, name), "");
+        EXPECT_EQ(id, irc);
+        EXPECT_EQ(TypeName(irc), name);
+        EXPECT_EQ(db.Count("HandicapType"), 1);
+    }
+
+    // A system removed meanwhile is added again.
+    db.Exec("DELETE FROM HandicapType");
+    ASSERT_EQ(results.PutOptions("", "", "", id, "Club"), "");
+    EXPECT_NE(id, irc);
+    EXPECT_EQ(TypeName(id), "Club");
 }
 
-TEST_F(SettingsTest, PutSettingDoesNotStampTheChange) {
-    ASSERT_EQ(results.PutSetting("Footnote", "x"), "");
-    EXPECT_EQ(db.Count("Settings", "Parameter='LastModified'"), 0);
+TEST_F(SettingsTest, OptionsRefuseANameAnotherSystemHoldsButKeepTheTexts) {
+    AddType("Portsmouth Yardstick");
+    const int irc = AddType("IRC");
+    int id = irc;
+    EXPECT_EQ(results.PutOptions("Harbour SC", "c", "f", id, "portsmouth yardstick"),
+              "E-Another handicap system named 'portsmouth yardstick' already exists");
+    EXPECT_EQ(Setting("Header"), "Harbour SC");
+    EXPECT_EQ(Setting("Footnote"), "f");
+    EXPECT_EQ(TypeName(irc), "IRC");
+    EXPECT_FALSE(db.Stamped());
+
+    int fresh = 0;
+    EXPECT_NE(results.PutOptions("", "", "", fresh, "IRC"), "");
+    EXPECT_EQ(fresh, 0);
+
+    DataFile = db.folder() + "/missing.db";
+    clResults unconnected;
+    EXPECT_TRUE(
+        test::IsRunTimeError(unconnected.PutOptions("h", "c", "f", id, "IRC"), "ConnectDb"));
 }
 
 }  // namespace

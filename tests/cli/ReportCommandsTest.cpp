@@ -14,6 +14,7 @@
 #include "app/ReportMenu.h"
 #include "cli/Commands.h"
 #include "support/Browser.h"
+#include "support/Checks.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -21,12 +22,7 @@ namespace tb {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Scalar(const std::string& file, const std::string& sql) {
-    SQLite::Database db(file, SQLite::OPEN_READONLY);
-    SQLite::Statement st(db, sql);
-    return st.executeStep() ? st.getColumn(0).getString() : std::string("<no row>");
-}
+using test::Scalar;
 
 // Runs a command and returns its exit status, with what it printed in out.
 int RunCommand(int (*command)(const std::vector<std::string>&),
@@ -72,33 +68,32 @@ TEST(DemoCommand, HoldsAPlausibleSeason) {
     std::string out;
     ASSERT_EQ(
         RunCommand(cli::Demo, {file, "--boats", "60", "--races", "12", "--classes", "3"}, out), 0);
-    EXPECT_EQ(Scalar(file, "SELECT count(*) FROM Boat"), "60");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) FROM Entrant"), "60");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) FROM Schedule"), "12");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) FROM Class"), "3");
-    EXPECT_EQ(Scalar(file, "SELECT count(DISTINCT SubseriesTitle) FROM Series"), "1");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) > 0 FROM Schedule WHERE InSubSeries = 1"), "1");
-    EXPECT_EQ(Scalar(file, "SELECT count(DISTINCT EntrantType) FROM Entrant"), "4");
-    // Most boats finish most races; some retire or do not start; a few are penalised.
-    EXPECT_EQ(Scalar(file,
-                     "SELECT 10 * sum(Status = 9) > 8 * count(*) FROM EntryList JOIN Results "
-                     "USING (Schedule, Entrant)"),
-              "1");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) > 0 FROM Results WHERE Status = 4"), "1");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) > 0 FROM Results WHERE Status = 5"), "1");
-    EXPECT_EQ(Scalar(file,
-                     "SELECT count(*) > 0 FROM Results WHERE PenaltyMins + PenaltyPercent + "
-                     "PenaltyPoints > 0"),
-              "1");
-    // A dead heat on corrected time, and every race's times already worked out.
-    EXPECT_EQ(Scalar(file,
-                     "SELECT count(*) FROM Results a JOIN Results b ON a.Schedule = b.Schedule "
-                     "AND a.Entrant < b.Entrant AND a.CorrectedTime = b.CorrectedTime "
-                     "JOIN Entrant ea ON ea.Id = a.Entrant JOIN Entrant eb ON eb.Id = b.Entrant "
-                     "WHERE a.Status = 9 AND b.Status = 9 AND ea.Class = eb.Class"),
-              "1");
-    EXPECT_EQ(Scalar(file, "SELECT count(*) FROM Results WHERE Status = 9 AND CorrectedTime = 0"),
-              "0");
+    const std::pair<const char*, const char*> facts[] = {
+        {"SELECT count(*) FROM Boat", "60"},
+        {"SELECT count(*) FROM Entrant", "60"},
+        {"SELECT count(*) FROM Schedule", "12"},
+        {"SELECT count(*) FROM Class", "3"},
+        {"SELECT count(DISTINCT SubseriesTitle) FROM Series", "1"},
+        {"SELECT count(*) > 0 FROM Schedule WHERE InSubSeries = 1", "1"},
+        {"SELECT count(DISTINCT EntrantType) FROM Entrant", "4"},
+        // Most boats finish most races; some retire or do not start; a few are penalised.
+        {"SELECT 10 * sum(Status = 9) > 8 * count(*) FROM EntryList JOIN Results "
+         "USING (Schedule, Entrant)",
+         "1"},
+        {"SELECT count(*) > 0 FROM Results WHERE Status = 4", "1"},
+        {"SELECT count(*) > 0 FROM Results WHERE Status = 5", "1"},
+        {"SELECT count(*) > 0 FROM Results WHERE PenaltyMins + PenaltyPercent + PenaltyPoints > 0",
+         "1"},
+        // A dead heat on corrected time, and every race's times already worked out.
+        {"SELECT count(*) FROM Results a JOIN Results b ON a.Schedule = b.Schedule "
+         "AND a.Entrant < b.Entrant AND a.CorrectedTime = b.CorrectedTime "
+         "JOIN Entrant ea ON ea.Id = a.Entrant JOIN Entrant eb ON eb.Id = b.Entrant "
+         "WHERE a.Status = 9 AND b.Status = 9 AND ea.Class = eb.Class",
+         "1"},
+        {"SELECT count(*) FROM Results WHERE Status = 9 AND CorrectedTime = 0", "0"},
+    };
+    for (const auto& [sql, expected] : facts)
+        EXPECT_EQ(Scalar(file, sql), expected) << sql;
 }
 
 TEST(DemoCommand, RefusesWrongArguments) {
@@ -195,11 +190,12 @@ TEST_F(ReportCommandTest, WrongRequestsAreRefused) {
         args.insert(args.end(), more.begin(), more.end());
         return args;
     };
-    EXPECT_EQ(RunCommand(cli::Report, with({"--kind", "R"}), out), 2);
-    EXPECT_EQ(RunCommand(cli::Report, with({"--race", "1", "--kind", "X"}), out), 2);
-    EXPECT_EQ(RunCommand(cli::Report, with({"--race", "1", "--kind", "RS"}), out), 2);
-    EXPECT_EQ(RunCommand(cli::Report, with({"--race", "1", "--kind", "R", "--action", "99"}), out),
-              2);
+    for (const std::vector<std::string>& wrong :
+         std::vector<std::vector<std::string>>{{"--kind", "R"},
+                                               {"--race", "1", "--kind", "X"},
+                                               {"--race", "1", "--kind", "RS"},
+                                               {"--race", "1", "--kind", "R", "--action", "99"}})
+        EXPECT_EQ(RunCommand(cli::Report, with(wrong), out), 2);
     EXPECT_EQ(
         RunCommand(cli::Report, with({"--race", "1", "--kind", "R", "--ini", "/no/such.ini"}), out),
         1);

@@ -22,6 +22,7 @@
 #include "cli/Commands.h"
 #include "data/clResults.h"
 #include "reports/ReportFixture.h"
+#include "support/Checks.h"
 #include "support/ChildProcess.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
@@ -30,6 +31,7 @@ namespace tb {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Scalar;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRaceAndSeriesResults = 5;
@@ -61,12 +63,6 @@ std::vector<std::string> FilesUnder(const std::string& folder) {
             files.push_back(entry.path().string());
     std::sort(files.begin(), files.end());
     return files;
-}
-
-std::string Scalar(const std::string& file, const std::string& sql) {
-    SQLite::Database db(file, SQLite::OPEN_READONLY);
-    SQLite::Statement st(db, sql);
-    return st.executeStep() ? st.getColumn(0).getString() : std::string("<no row>");
 }
 
 class ReportFaults : public ::testing::Test {

@@ -4,14 +4,13 @@
 
 #include "data/Conversions.h"
 #include "data/clResults.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
 namespace {
 
-bool IsRunTimeError(const std::string& Msg, const std::string& location) {
-    return Msg.rfind("C-Error ", 0) == 0 && Msg.find(" in " + location + "\r") != std::string::npos;
-}
+using test::IsRunTimeError;
 
 class BoatsTest : public ::testing::Test {
 protected:
@@ -26,17 +25,13 @@ protected:
         return id;
     }
     int AddHandicapType(const std::string& description) {
-        db.Exec("INSERT INTO HandicapType (Description) VALUES ('" + description + "')");
-        return static_cast<int>(db.raw().getLastInsertRowid());
+        return db.Insert("INSERT INTO HandicapType (Description) VALUES (?1)", {description});
     }
     int AddHandicap(int boat, int type, const std::string& tcf, const std::string& from,
                     const std::string& expires = "") {
         EXPECT_EQ(results.PutHandicapDetails(0, boat, static_cast<short>(type), tcf, from, expires),
                   "");
         return static_cast<int>(db.raw().getLastInsertRowid());
-    }
-    std::string Stamp() {
-        return db.Text("SELECT Value FROM Settings WHERE Parameter='LastModified'");
     }
 
     test::TestDatabase db;
@@ -78,7 +73,7 @@ TEST_F(BoatsTest, StoreAddsThenEditsTheSameRowAndStampsTheChange) {
     int id = 0;
     ASSERT_EQ(results.PutBoatDetails(id, "Swift", "GBR 7", 0, 3), "");
     EXPECT_GT(id, 0);
-    EXPECT_NE(Stamp(), "<no row>");
+    EXPECT_TRUE(db.Stamped());
     const int first = id;
     ASSERT_EQ(results.PutBoatDetails(id, "Swifter", "GBR 8", 0, 3), "");
     EXPECT_EQ(id, first);
@@ -105,14 +100,10 @@ TEST_F(BoatsTest, BoatsListKeepsBoatsWithoutAModelAndSortsSailNumbersAsNumbers) 
     ASSERT_EQ(results.RemoveModel(gone), "");
     RowSet boats;
     ASSERT_EQ(results.GetBoats(boats), "");
-    ASSERT_EQ(boats.Rows(), 5u);
     ASSERT_EQ(boats.Columns(), 5u);
-    const char* sailNos[] = {"2", "3", "1", "GBR 30", "GBR 200"};
-    for (std::size_t r = 0; r < 5; ++r)
-        EXPECT_EQ(boats(3, r).ToText(), sailNos[r]) << r;
-    EXPECT_TRUE(boats(2, 0).IsNull());
-    EXPECT_TRUE(boats(2, 1).IsNull());
-    EXPECT_EQ(boats(2, 2).ToText(), "Laser");
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(test::Column(boats, 3), (Texts{"2", "3", "1", "GBR 30", "GBR 200"}));
+    EXPECT_EQ(test::Column(boats, 2), (Texts{"", "", "Laser", "Laser", "Laser"}));
 }
 
 TEST_F(BoatsTest, FindBoatComparesTheWholeSailNumberAndTakesApostrophes) {
@@ -158,59 +149,30 @@ TEST_F(BoatsTest, ModelsAreAddedWithMinusOneAndZeroIsNoModel) {
 
 TEST_F(BoatsTest, NewAndRevisedHandicapsStartTodayAndEndWithTheYear) {
     const DateTime today = Today();
-    const DateTime yearEnd = MakeDateTime(YearOf(today), 12, 31);
+    const std::string thisYear =
+        FormatDate(today, "dd/mm/yyyy") + "|31/12/" + std::to_string(YearOf(today));
     const int boat = AddBoat("Swift", "1");
     const int irc = AddHandicapType("IRC");
     const int stored = AddHandicap(boat, irc, "0.985", "01/04/2009", "31/03/2010");
-
-    RowSet detail;
-    ASSERT_EQ(results.GetHandicapDetail(0, detail), "");
-    ASSERT_EQ(detail.Columns(), 4u);
-    EXPECT_TRUE(detail(0, 0).IsNull());
-    EXPECT_TRUE(detail(1, 0).IsNull());
-    EXPECT_EQ(detail(2, 0).AsDate(), today);
-    EXPECT_EQ(detail(3, 0).AsDate(), yearEnd);
-
-    ASSERT_EQ(results.GetHandicapDetail(-stored, detail), "");
-    EXPECT_EQ(detail(0, 0).AsInt(), irc);
-    EXPECT_EQ(detail(1, 0).AsDouble(), 0.985);
-    EXPECT_EQ(detail(2, 0).AsDate(), today);
-    EXPECT_EQ(detail(3, 0).AsDate(), yearEnd);
-
-    ASSERT_EQ(results.GetHandicapDetail(stored, detail), "");
-    EXPECT_EQ(detail(2, 0).AsDate(), MakeDateTime(2009, 4, 1));
-    EXPECT_EQ(detail(3, 0).AsDate(), MakeDateTime(2010, 3, 31));
+    // Type, TCF, from and to of the detail shown for the id.
+    auto detail = [&](int id) {
+        RowSet rows;
+        EXPECT_EQ(results.GetHandicapDetail(id, rows), "");
+        EXPECT_EQ(rows.Columns(), 4u);
+        return ToText(rows(0, 0)) + "|" + ToText(rows(1, 0)) + "|" +
+               FormatDate(rows(2, 0).AsDate(), "dd/mm/yyyy") + "|" +
+               FormatDate(rows(3, 0).AsDate(), "dd/mm/yyyy");
+    };
+    EXPECT_EQ(detail(0), "||" + thisYear);
+    EXPECT_EQ(detail(-stored), std::to_string(irc) + "|0.985|" + thisYear);
+    EXPECT_EQ(detail(stored), std::to_string(irc) + "|0.985|01/04/2009|31/03/2010");
 }
 
-TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBefore) {
+TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBeforeAndBadTextsStoreNothing) {
     const int boat = AddBoat("Swift", "1");
     const int irc = AddHandicapType("IRC");
     const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
     EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)), "");
-
-    ASSERT_EQ(
-        results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
-        "");
-    EXPECT_EQ(db.Count("Handicap"), 2);
-    EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)),
-              "2010-03-31 00:00:00");
-    EXPECT_EQ(db.Text("SELECT Handicap FROM Handicap WHERE Id=" + std::to_string(old)), "0.985");
-    EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
-              "2010-04-01 00:00:00");
-    EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
-
-    RowSet handicaps;
-    ASSERT_EQ(results.GetHandicaps(boat, handicaps), "");
-    ASSERT_EQ(handicaps.Rows(), 2u);
-    EXPECT_EQ(handicaps(2, 0).AsDouble(), 0.990);  // newest period first
-    EXPECT_TRUE(handicaps(4, 0).IsNull());
-    EXPECT_EQ(handicaps(1, 1).ToText(), "IRC");
-}
-
-TEST_F(BoatsTest, HandicapThatDoesNotConvertStoresNothing) {
-    const int boat = AddBoat("Swift", "1");
-    const int irc = AddHandicapType("IRC");
-    const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
     const struct {
         int id;
         const char* tcf;
@@ -231,6 +193,24 @@ TEST_F(BoatsTest, HandicapThatDoesNotConvertStoresNothing) {
         EXPECT_EQ(db.Count("Handicap"), 1);
         EXPECT_EQ(db.Count("Handicap", "Expires IS NULL AND Handicap=0.985"), 1);
     }
+
+    ASSERT_EQ(
+        results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
+        "");
+    EXPECT_EQ(db.Count("Handicap"), 2);
+    EXPECT_EQ(
+        db.Text("SELECT Expires || '|' || Handicap FROM Handicap WHERE Id=" + std::to_string(old)),
+        "2010-03-31 00:00:00|0.985");
+    EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
+              "2010-04-01 00:00:00");
+    EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
+
+    RowSet handicaps;
+    ASSERT_EQ(results.GetHandicaps(boat, handicaps), "");
+    ASSERT_EQ(handicaps.Rows(), 2u);
+    EXPECT_EQ(handicaps(2, 0).AsDouble(), 0.990);  // newest period first
+    EXPECT_TRUE(handicaps(4, 0).IsNull());
+    EXPECT_EQ(handicaps(1, 1).ToText(), "IRC");
 }
 
 TEST_F(BoatsTest, RemovingABoatTakesItsHandicapsOnly) {
@@ -271,19 +251,16 @@ TEST_F(BoatsTest, UsageListsFollowEntriesClassesAndHandicaps) {
 
     RowSet rows;
     ASSERT_EQ(results.GetSeriesForBoat(boat, rows), "");
-    ASSERT_EQ(rows.Rows(), 2u);
-    EXPECT_EQ(rows(1, 0).ToText(), "Autumn");
-    EXPECT_EQ(rows(0, 0), Value(MakeDateTime(2010, 9, 1)));
-    EXPECT_EQ(rows(1, 1).ToText(), "Spring");
-    EXPECT_EQ(rows(0, 1), Value(MakeDateTime(2009, 4, 1)));
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(test::Column(rows, 1), (Texts{"Autumn", "Spring"}));
+    EXPECT_EQ(test::Column(rows, 0), (Texts{"01/09/2010", "01/04/2009"}));
 
     ASSERT_EQ(results.GetBoatsUsingHandicap(irc, rows), "");
     EXPECT_EQ(rows.Rows(), 1u);  // Swift and swift are one name
 
     ASSERT_EQ(results.GetSeriesUsingHandicap(irc, rows), "");
-    ASSERT_EQ(rows.Rows(), 2u);  // two series titled Spring, oldest first
-    EXPECT_EQ(rows(1, 0), Value(MakeDateTime(2009, 4, 1)));
-    EXPECT_EQ(rows(1, 1), Value(MakeDateTime(2010, 3, 1)));
+    // Two series titled Spring, oldest first.
+    EXPECT_EQ(test::Column(rows, 1), (Texts{"01/04/2009", "01/03/2010"}));
 }
 
 }  // namespace

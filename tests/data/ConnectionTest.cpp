@@ -8,6 +8,7 @@
 #include "app/Globals.h"
 #include "data/Schema.h"
 #include "data/clResults.h"
+#include "support/Checks.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -42,9 +43,7 @@ TEST(ConnectDb, RefusesWhatIsNotATallyboardDatabase) {
         DataFile = path;
         clResults results;
         std::string value;
-        const std::string Msg = results.GetSetting("Header", value);
-        EXPECT_EQ(Msg.rfind("C-Error ", 0), 0u) << Msg;
-        EXPECT_NE(Msg.find(" in ConnectDb\r"), std::string::npos) << Msg;
+        EXPECT_TRUE(test::IsRunTimeError(results.GetSetting("Header", value), "ConnectDb"));
         EXPECT_FALSE(results.Connected());
         if (isFile) {
             EXPECT_EQ(FileBytes(path), before);
@@ -74,32 +73,22 @@ TEST(ErrorText, KeepsAMessageAndBuildsTheRunTimeText) {
               "C-Error 19 raised by SQLite in PutSeriesDetails\rUNIQUE constraint failed");
 }
 
-TEST(SqlQuote, DoublesApostrophesOnly) {
-    EXPECT_EQ(clResults::SqlQuote("O'Neil"), "O''Neil");
-    EXPECT_EQ(clResults::SqlQuote(""), "");
-    EXPECT_EQ(clResults::SqlQuote("''"), "''''");
-    EXPECT_EQ(clResults::SqlQuote("Me & \"You\""), "Me & \"You\"");
-}
-
 TEST(ShowMessage, ChoosesIconAndTitleByTheKindLetter) {
     RecordingMessages messages;
-    ShowMessage("");
-    ShowMessage("I-Result saved");
-    ShowMessage("C-Error 5 raised by SQLite in GetYears\rdatabase is locked");
-    ShowMessage("E-Please specify a valid date");
-    ShowMessage("X-Please choose a race first");
-    ShowMessage("Q-Unknown kind");
-    ASSERT_EQ(messages.shown.size(), 5u);
-    EXPECT_EQ(messages.shown[0].icon, MessageIcon::Information);
-    EXPECT_EQ(messages.shown[0].title, "Information");
-    EXPECT_EQ(messages.shown[0].text, "Result saved");
-    EXPECT_EQ(messages.shown[1].icon, MessageIcon::Critical);
-    EXPECT_EQ(messages.shown[1].title, "Error");
-    for (std::size_t i = 2; i < 5; ++i) {
-        EXPECT_EQ(messages.shown[i].icon, MessageIcon::Exclamation);
-        EXPECT_EQ(messages.shown[i].title, "Error");
-    }
-    EXPECT_EQ(messages.shown[4].text, "Unknown kind");
+    for (const char* Msg :
+         {"", "I-Result saved", "C-Error 5 raised by SQLite in GetYears\rlocked",
+          "E-Please specify a valid date", "X-Please choose a race first", "Q-Unknown kind"})
+        ShowMessage(Msg);
+    EXPECT_EQ(
+        messages.Texts(),
+        (std::vector<std::string>{
+            "I-Result saved", "C-Error 5 raised by SQLite in GetYears\rlocked",
+            "E-Please specify a valid date", "E-Please choose a race first", "E-Unknown kind"}));
+    std::vector<std::string> titles;
+    for (const auto& box : messages.shown)
+        titles.push_back(box.title);
+    EXPECT_EQ(titles,
+              (std::vector<std::string>{"Information", "Error", "Error", "Error", "Error"}));
 }
 
 }  // namespace

@@ -124,14 +124,11 @@ TEST(Rounding, HalfEvenForWholeSecondsHalfAwayForDisplay) {
     EXPECT_DOUBLE_EQ(RoundHalfAwayFromZero(1.005, 2), 1.01);
 }
 
-TEST(FormatText, PadsForFixedPitchColumns) {
+TEST(FormatText, PadsForFixedPitchColumnsAndDurationsHaveUnpaddedHours) {
     EXPECT_EQ(FormatText("123", "@@@@@"), "  123");
     EXPECT_EQ(FormatText("123", "@@@@@@@!"), "123    ");
     EXPECT_EQ(FormatText("GBR 12345678", "@@@@@@@!"), "GBR 12345678");
     EXPECT_EQ(FormatText("", "@@@"), "   ");
-}
-
-TEST(FormatDuration, UnpaddedHours) {
     EXPECT_EQ(FormatDuration(0), "0:00:00");
     EXPECT_EQ(FormatDuration(3725), "1:02:05");
     EXPECT_EQ(FormatDuration(90061), "25:01:01");

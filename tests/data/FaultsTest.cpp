@@ -8,6 +8,7 @@
 #include <csignal>
 #include <filesystem>
 #include <string>
+#include <thread>
 
 #include <SQLiteCpp/Database.h>
 
@@ -72,7 +73,7 @@ private:
     bool locked_ = false;
 };
 
-TEST(Faults, AWriteLockedFileIsWaitedForThenReportedAndALaterRetryWorks) {
+TEST(Faults, AWriteLockedFileIsWaitedForThenReported) {
     TestDatabase db;
     RecordingMessages messages;
     db.Exec("UPDATE Settings SET Value='Club racing' WHERE Parameter='Header'");
@@ -82,18 +83,20 @@ TEST(Faults, AWriteLockedFileIsWaitedForThenReportedAndALaterRetryWorks) {
 
     LockingProcess holder(db.path());
     ASSERT_TRUE(holder.locked());
-    const auto started = std::chrono::steady_clock::now();
     const std::string Msg = results.PutSetting("Header", "Evening series");
-    const auto waited = std::chrono::steady_clock::now() - started;
     EXPECT_TRUE(StartsWith(Msg, "C-Error 5 raised by SQLite in PutSetting\r")) << Msg;
-    EXPECT_GE(waited, std::chrono::seconds(4));
 
     // Reading is not blocked by another program's write lock.
     EXPECT_EQ(results.GetSetting("Header", value), "");
     EXPECT_EQ(value, "Club racing");
 
-    holder.Release();
+    // A write waits for a lock that is let go meanwhile, instead of failing at once.
+    std::thread release([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        holder.Release();
+    });
     EXPECT_EQ(results.PutSetting("Header", "Evening series"), "");
+    release.join();
     EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "Evening series");
     EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Comment'"), "");
     EXPECT_EQ(db.Text("PRAGMA integrity_check"), "ok");

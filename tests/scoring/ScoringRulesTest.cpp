@@ -4,6 +4,7 @@
 
 #include "data/clResults.h"
 #include "scoring/SeasonBuilder.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -31,6 +32,17 @@ protected:
     }
 
     double Points(std::size_t i) { return season.Points(raceId, entrant[i]); }
+    std::vector<double> AllPoints() {
+        std::vector<double> points;
+        for (std::size_t i = 0; i < entrant.size(); ++i)
+            points.push_back(Points(i));
+        return points;
+    }
+    // Finishes the first boats in turn, each the given seconds after the start.
+    void Finishes(const std::vector<int>& seconds) {
+        for (std::size_t i = 0; i < seconds.size(); ++i)
+            season.Finish(raceId, entrant[i], seconds[i]);
+    }
 
     test::TestDatabase db;
     SeasonBuilder season{db};
@@ -42,31 +54,21 @@ protected:
 
 TEST_F(ScoringRulesTest, ATieBefore2006TakesTheBestPlace) {
     OneRace("2005-06-12", 4);
-    season.Finish(raceId, entrant[0], 3500);
-    season.Finish(raceId, entrant[1], 3600);
-    season.Finish(raceId, entrant[2], 3600);
-    season.Finish(raceId, entrant[3], 3700);
+    Finishes({3500, 3600, 3600, 3700});
     ASSERT_EQ(Score(), "");
-    EXPECT_EQ(std::vector<double>({Points(0), Points(1), Points(2), Points(3)}),
-              std::vector<double>({1, 2, 2, 4}));
+    EXPECT_EQ(AllPoints(), std::vector<double>({1, 2, 2, 4}));
 }
 
 TEST_F(ScoringRulesTest, TiesFrom2006ShareThePointsOfThePlacesTheyTake) {
     OneRace("2006-01-01", 5);
-    season.Finish(raceId, entrant[0], 3600);
-    season.Finish(raceId, entrant[1], 3600);
-    season.Finish(raceId, entrant[2], 3600);
+    Finishes({3600, 3600, 3600});
     season.Finish(raceId, entrant[3], 3700, "PenaltyPoints=-1");  // redress does not reach the tie
     season.Finish(raceId, entrant[4], 3700);
     ASSERT_EQ(Score(), "");
     // Three tie for first: (1 + 2 + 3) / 3. The pair for fourth: one with a place of redress
     // scores the first tied place less one (3rd), the other keeps the group's mean of the
     // places both take: (4 + 5) / 2.
-    EXPECT_DOUBLE_EQ(Points(0), 2);
-    EXPECT_DOUBLE_EQ(Points(1), 2);
-    EXPECT_DOUBLE_EQ(Points(2), 2);
-    EXPECT_DOUBLE_EQ(Points(3), 3);
-    EXPECT_DOUBLE_EQ(Points(4), 4.5);
+    EXPECT_EQ(AllPoints(), std::vector<double>({2, 2, 2, 3, 4.5}));
 }
 
 TEST_F(ScoringRulesTest, PlacesBeyondTheTableScoreOneMoreEach) {
@@ -84,8 +86,7 @@ TEST_F(ScoringRulesTest, PlacesBeyondTheTableScoreOneMoreEach) {
 
 TEST_F(ScoringRulesTest, StatusPointsCountStartersOrEntrantsWithAFloor) {
     OneRace("2010-06-12", 8);
-    for (int i = 0; i < 6; ++i)
-        season.Finish(raceId, entrant[i], 3600 + i);
+    Finishes({3600, 3601, 3602, 3603, 3604, 3605});
     season.Status(raceId, entrant[6], 4);  // DNF
     // DNF group: starters + 1. Seven starters (the DNF started; the eighth boat has no result).
     season.Exec("UPDATE Points SET Base=1, Value=1, MinValue=0 WHERE Scoring=1 AND Status=4");
@@ -101,13 +102,10 @@ TEST_F(ScoringRulesTest, StatusPointsCountStartersOrEntrantsWithAFloor) {
 TEST_F(ScoringRulesTest, FinishersWithoutATimeRankAfterTimedFinishers) {
     OneRace("2010-06-12", 3);
     season.Finish(raceId, entrant[0], 3700);
-    season.Exec("INSERT INTO Results (Schedule, Entrant, Status) VALUES (" +
-                std::to_string(raceId) + ", " + std::to_string(entrant[1]) + ", 9)");
+    season.Status(raceId, entrant[1], 9);
     season.Finish(raceId, entrant[2], 3600);
     ASSERT_EQ(Score(), "");
-    EXPECT_DOUBLE_EQ(Points(2), 1);
-    EXPECT_DOUBLE_EQ(Points(0), 2);
-    EXPECT_DOUBLE_EQ(Points(1), 3);
+    EXPECT_EQ(AllPoints(), std::vector<double>({2, 3, 1}));
 }
 
 TEST_F(ScoringRulesTest, HandicapsChosenAndProblemsListed) {
@@ -117,9 +115,7 @@ TEST_F(ScoringRulesTest, HandicapsChosenAndProblemsListed) {
     season.Exec(
         "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) "
         "VALUES (3, 1, 0.9, '2010-01-01 00:00:00')");
-    season.Finish(raceId, entrant[0], 3600);
-    season.Finish(raceId, entrant[1], 3600);
-    season.Finish(raceId, entrant[2], 4000);
+    Finishes({3600, 3600, 4000});
     RowSet problems;
     ASSERT_EQ(results.ComputeResultTimes(raceId, problems), "");
     ASSERT_EQ(problems.Rows(), 2u);
@@ -127,14 +123,10 @@ TEST_F(ScoringRulesTest, HandicapsChosenAndProblemsListed) {
     EXPECT_EQ(problems(2, 0).AsInt(), 0);
     EXPECT_EQ(problems(1, 1).ToText(), "Boat C");
     EXPECT_EQ(problems(2, 1).AsInt(), 2);
-    auto column = [&](const char* name, int i) {
-        return db.Text(std::string("SELECT ") + name +
-                       " FROM Results WHERE Entrant=" + std::to_string(entrant[i]));
-    };
-    EXPECT_EQ(column("Handicap", 1), "9.999");
-    EXPECT_EQ(column("CorrectedTime", 1), "35996.4");
-    EXPECT_EQ(column("Handicap", 2), "0.9");
-    EXPECT_EQ(column("CorrectedTime", 2), "3600.0");
+    // Without a handicap: 9.999, so far behind; with two, the later one.
+    EXPECT_EQ(db.Text("SELECT group_concat(Handicap || '/' || CorrectedTime, ' ') FROM "
+                      "(SELECT * FROM Results WHERE Entrant IN (2, 3) ORDER BY Entrant)"),
+              "9.999/35996.4 0.9/3600.0");
 }
 
 TEST_F(ScoringRulesTest, LaterRacesBringDidNotCompeteResultsForEveryEarlierRace) {
@@ -156,16 +148,13 @@ TEST_F(ScoringRulesTest, OnlyBoatsOnTheEntryListAreRankedAndCounted) {
     OneRace("2010-06-12", 3);
     // Recorded as finishing first, but not on this race's entry list.
     const int unlisted = season.AddEntrant("Unlisted", classA);
+    entrant.push_back(unlisted);
     season.Finish(raceId, unlisted, 3500);
-    season.Finish(raceId, entrant[0], 3600);
-    season.Finish(raceId, entrant[1], 3700);
+    Finishes({3600, 3700});
     ASSERT_EQ(Score(), "");
-    EXPECT_DOUBLE_EQ(Points(0), 1);
-    EXPECT_DOUBLE_EQ(Points(1), 2);
     // Did not compete, among three entrants: 3 + 1, for the boat without a result and for the
     // boat that was not entered alike.
-    EXPECT_DOUBLE_EQ(Points(2), 4);
-    EXPECT_DOUBLE_EQ(season.Points(raceId, unlisted), 4);
+    EXPECT_EQ(AllPoints(), std::vector<double>({1, 2, 4, 4}));
 }
 
 TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
@@ -181,19 +170,14 @@ TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
 
 TEST_F(ScoringRulesTest, RaceResultsShareEqualPointsAndShowTheHelm) {
     OneRace("2010-06-12", 4);
-    season.Finish(raceId, entrant[0], 3600);
-    season.Finish(raceId, entrant[1], 3700);
-    season.Finish(raceId, entrant[2], 3700);
+    Finishes({3600, 3700, 3700});
     season.Finish(raceId, entrant[3], 3725, "Notes='Me & You'");
     season.Exec("UPDATE Entrant SET NameOnResults='O''Neil crew' WHERE Id=" +
                 std::to_string(entrant[1]));
     ASSERT_EQ(Score(), "");
     RowSet classes, boats;
     ASSERT_EQ(results.GetRaceResults(raceId, 2, classes, boats), "");
-    std::vector<long long> positions;
-    for (std::size_t r = 0; r < boats.Rows(); ++r)
-        positions.push_back(boats(11, r).AsInt());
-    EXPECT_EQ(positions, std::vector<long long>({1, 2, 2, 4}));
+    EXPECT_EQ(test::Column(boats, 11), std::vector<std::string>({"1", "2", "2", "4"}));
     EXPECT_EQ(boats(4, 0).ToText(), "Helm No1");
     EXPECT_EQ(boats(4, 1).ToText(), "O'Neil crew");
     EXPECT_EQ(boats(8, 3).ToText(), "1:02:05");
@@ -216,14 +200,11 @@ TEST_F(ScoringRulesTest, MessagesWhenThereIsNothingToReport) {
 
 TEST_F(ScoringRulesTest, ARunTimeErrorLeavesTheResultsAsTheyWere) {
     OneRace("2010-06-12", 2);
-    season.Finish(raceId, entrant[0], 3600);
-    season.Finish(raceId, entrant[1], 3700);
+    Finishes({3600, 3700});
     ASSERT_EQ(Score(), "");
     season.Exec("DELETE FROM Points WHERE Scoring=1 AND Place=7");  // a broken scoring system
     const std::string before = db.Text("SELECT group_concat(Points) FROM Results");
-    const std::string Msg = results.ComputePoints(raceId, 2);
-    EXPECT_EQ(Msg.rfind("C-Error ", 0), 0u);
-    EXPECT_NE(Msg.find(" in ComputePoints\r"), std::string::npos);
+    EXPECT_TRUE(test::IsRunTimeError(results.ComputePoints(raceId, 2), "ComputePoints"));
     EXPECT_EQ(db.Text("SELECT group_concat(Points) FROM Results"), before);
 }
 

@@ -4,15 +4,6 @@
 
 namespace tb::test {
 
-namespace {
-std::string Quote(const std::string& text) {
-    std::string quoted = "'";
-    for (char c : text)
-        quoted += c == '\'' ? std::string("''") : std::string(1, c);
-    return quoted + "'";
-}
-}  // namespace
-
 SeasonBuilder::SeasonBuilder(TestDatabase& db) : db_(db) {
     db_.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
     db_.Exec("INSERT INTO BoatType (Id, Model, LOA, Draft) VALUES (1, 'Laser', 4.2, 0.8)");
@@ -22,34 +13,35 @@ SeasonBuilder::SeasonBuilder(TestDatabase& db) : db_(db) {
 }
 
 int SeasonBuilder::AddClass(const std::string& name, double minTcf) {
-    db_.Exec("INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (1, " +
-             Quote(name) + ", 1, " + std::to_string(minTcf) + ")");
-    return static_cast<int>(db_.raw().getLastInsertRowid());
+    return db_.Insert(
+        "INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (1, ?1, 1, " +
+            std::to_string(minTcf) + ")",
+        {name});
 }
 
 int SeasonBuilder::AddEntrant(const std::string& boatName, int classId, int entrantType,
                               double tcf) {
-    ++people_;
-    db_.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + std::to_string(people_) +
-             ", 'Helm', " + Quote("No" + std::to_string(people_)) + ")");
-    db_.Exec("INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES (" +
-             Quote(boatName) + ", 1, " + Quote("GBR " + std::to_string(people_)) + ", " +
-             std::to_string(people_) + ", " + std::to_string(people_) + ")");
-    const auto boat = db_.raw().getLastInsertRowid();
+    const std::string n = std::to_string(++people_);
+    db_.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No" + n +
+             "')");
+    const std::string boat = std::to_string(db_.Insert(
+        "INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) VALUES (?1, 1, "
+        "'GBR " +
+            n + "', " + n + ", " + n + ")",
+        {boatName}));
     db_.Exec(
-        "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires) "
-        "VALUES (" +
-        std::to_string(boat) + ", 1, " + std::to_string(tcf) + ", '2000-01-01 00:00:00', NULL)");
-    db_.Exec("INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (1, " +
-             std::to_string(boat) + ", " + std::to_string(classId) + ", " +
-             std::to_string(entrantType) + ", " + std::to_string(people_) + ")");
-    return static_cast<int>(db_.raw().getLastInsertRowid());
+        "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires) VALUES (" +
+        boat + ", 1, " + std::to_string(tcf) + ", '2000-01-01 00:00:00', NULL)");
+    return db_.Insert(
+        "INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant) VALUES (1, " + boat +
+        ", " + std::to_string(classId) + ", " + std::to_string(entrantType) + ", " + n + ")");
 }
 
 int SeasonBuilder::AddRace(const std::string& name, const std::string& isoDate, bool inSubSeries) {
-    db_.Exec("INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries) VALUES (1, " +
-             Quote(name) + ", '" + isoDate + " 00:00:00', " + (inSubSeries ? "1" : "0") + ")");
-    return static_cast<int>(db_.raw().getLastInsertRowid());
+    return db_.Insert(
+        "INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries) VALUES (1, ?1, ?2, " +
+            std::string(inSubSeries ? "1" : "0") + ")",
+        {name, isoDate + " 00:00:00"});
 }
 
 void SeasonBuilder::Enter(int entrant, int race) {

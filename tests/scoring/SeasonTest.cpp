@@ -7,6 +7,7 @@
 
 #include "data/clResults.h"
 #include "scoring/SeasonBuilder.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -237,14 +238,11 @@ TEST_F(SeasonTest, RaceResultsOfTheLastRace) {
     EXPECT_EQ(classes(2, 0).AsInt(), 4);  // starters: DNE counts as a starter
     ASSERT_EQ(boats.Rows(), 7u);
     // Class A: Charlie 1 and Delta 1 (redress) share first; Alpha 5 and Bravo 5 share third.
-    const char* names[] = {"Charlie", "Delta", "Alpha", "Bravo", "Foxtrot", "Golf", "Echo"};
-    const long long positions[] = {1, 1, 3, 3, 1, 2, 3};
-    const char* statuses[] = {"", "", "", "DNE", "", "", ""};
-    for (std::size_t r = 0; r < 7; ++r) {
-        EXPECT_EQ(boats(2, r).ToText(), names[r]);
-        EXPECT_EQ(boats(11, r).AsInt(), positions[r]) << names[r];
-        EXPECT_EQ(boats(10, r).ToText(), statuses[r]) << names[r];
-    }
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(test::Column(boats, 2),
+              (Texts{"Charlie", "Delta", "Alpha", "Bravo", "Foxtrot", "Golf", "Echo"}));
+    EXPECT_EQ(test::Column(boats, 11), (Texts{"1", "1", "3", "3", "1", "2", "3"}));
+    EXPECT_EQ(test::Column(boats, 10), (Texts{"", "", "", "DNE", "", "", ""}));
     EXPECT_EQ(boats(7, 2).ToText(), "1:05:00");  // Alpha 3900 s
     EXPECT_EQ(boats(6, 3).ToText(), "-");        // Bravo has no finish
     EXPECT_EQ(boats(8, 3).ToText(), "-");

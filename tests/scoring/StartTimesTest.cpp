@@ -5,6 +5,7 @@
 
 #include "data/Conversions.h"
 #include "data/clResults.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -14,8 +15,9 @@ class StartTimesTest : public ::testing::Test {
 protected:
     void SetUp() override {
         db.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
-        db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Summer', 1, 1)");
-        db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Winter', 1, 1)");
+        db.Exec(
+            "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Summer', 1, 1),"
+            " (2, 'Winter', 1, 1)");
         db.Exec(
             "INSERT INTO Schedule (Id, Series, RaceName, RaceDate) VALUES "
             "(10, 1, 'Race 1', '2005-06-12 00:00:00'), (11, 1, 'Race 2', '2005-06-19 00:00:00')");
@@ -26,8 +28,8 @@ protected:
         db.Exec(
             "INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo) VALUES (1, 'Alpha', 'X 1', 1), "
             "(2, 'Bravo', 'X 2', 2)");
-        db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (5, 1, 1, 1)");
-        db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (6, 1, 2, NULL)");
+        db.Exec(
+            "INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (5, 1, 1, 1), (6, 1, 2, NULL)");
     }
 
     test::TestDatabase db;
@@ -38,11 +40,11 @@ TEST_F(StartTimesTest, CreatesOneStartPerClassWithTheDefaultTextsAndNeverASecond
     db.Exec("UPDATE Settings SET Value='Wind SW 3' WHERE Parameter='Comment'");
     db.Exec("UPDATE Settings SET Value='Protests by 21:00' WHERE Parameter='Footnote'");
     RowSet rows;
+    ASSERT_EQ(results.GetStartTimes(3, 10, rows), "");
+    EXPECT_TRUE(rows.IsEmpty()) << "a series without classes";
     ASSERT_EQ(results.GetStartTimes(1, 10, rows), "");
     ASSERT_EQ(rows.Columns(), 9u);
-    ASSERT_EQ(rows.Rows(), 2u);
-    EXPECT_EQ(rows(3, 0), Value("Dinghies"));
-    EXPECT_EQ(rows(3, 1), Value("Keelboats"));
+    EXPECT_EQ(test::Column(rows, 3), (std::vector<std::string>{"Dinghies", "Keelboats"}));
     for (std::size_t r = 0; r < 2; ++r) {
         EXPECT_EQ(rows(0, r), Value(1));
         EXPECT_TRUE(rows(4, r).IsNull());
@@ -55,47 +57,24 @@ TEST_F(StartTimesTest, CreatesOneStartPerClassWithTheDefaultTextsAndNeverASecond
     EXPECT_EQ(rows(2, 0).AsInt(),
               std::stoll(db.Text("SELECT Id FROM Start WHERE Class=2 AND Schedule=10")));
 
-    // A changed setting and an edited start are left alone the second time.
-    db.Exec("UPDATE Settings SET Value='Changed' WHERE Parameter='Comment'");
+    // A changed setting and an edited start are left alone the second time; a class added later
+    // gets its start with the texts of the day, and an empty text is Null.
+    db.Exec("UPDATE Settings SET Value='O''Neil''s trophy' WHERE Parameter='Comment'");
+    db.Exec("UPDATE Settings SET Value=NULL WHERE Parameter='Footnote'");
     db.Exec("UPDATE Start SET StartTime='2005-06-12 14:05:00' WHERE Class=1");
+    db.Exec("INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES (4, 1, 'Cats', 1)");
     RowSet again;
     ASSERT_EQ(results.GetStartTimes(1, 10, again), "");
-    EXPECT_EQ(db.Count("Start"), 2);
-    EXPECT_EQ(again(6, 0), Value("Wind SW 3"));
-    EXPECT_EQ(again(4, 1), Value(MakeDateTime(2005, 6, 12, 14, 5)));
-    EXPECT_EQ(again(2, 0), rows(2, 0));
-    EXPECT_EQ(again(2, 1), rows(2, 1));
-}
-
-TEST_F(StartTimesTest, ClassAddedLaterGetsItsStartWithTodaysDefaultsAndEmptySettingsGiveNull) {
-    RowSet rows;
-    ASSERT_EQ(results.GetStartTimes(1, 10, rows), "");
-    db.Exec("UPDATE Settings SET Value='Late entry' WHERE Parameter='Comment'");
-    db.Exec("INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES (4, 1, 'Cats', 1)");
-    rows.Clear();
-    ASSERT_EQ(results.GetStartTimes(1, 10, rows), "");
-    ASSERT_EQ(rows.Rows(), 3u);
-    EXPECT_EQ(rows(3, 0), Value("Cats"));
-    EXPECT_EQ(rows(6, 0), Value("Late entry"));
-    EXPECT_TRUE(rows(6, 1).IsNull());
-    EXPECT_TRUE(rows(7, 1).IsNull());
-    EXPECT_EQ(db.Count("Start", "Schedule=10 AND TopNote IS NULL AND Footnote IS NULL"), 2);
-    // The other race and the other series are not touched.
+    EXPECT_EQ(db.Count("Start"), 3);
     EXPECT_EQ(db.Count("Start", "Schedule<>10"), 0);
-}
-
-TEST_F(StartTimesTest, ADefaultTextWithAnApostropheIsStoredAsTyped) {
-    db.Exec("UPDATE Settings SET Value='O''Neil''s trophy' WHERE Parameter='Comment'");
-    RowSet rows;
-    ASSERT_EQ(results.GetStartTimes(1, 11, rows), "");
-    EXPECT_EQ(rows(6, 0), Value("O'Neil's trophy"));
-}
-
-TEST_F(StartTimesTest, SeriesWithoutClassesLeavesTheRowsUntouched) {
-    RowSet rows;
-    ASSERT_EQ(results.GetStartTimes(3, 10, rows), "");
-    EXPECT_TRUE(rows.IsEmpty());
-    EXPECT_EQ(db.Count("Start"), 0);
+    EXPECT_EQ(test::Column(again, 3), (std::vector<std::string>{"Cats", "Dinghies", "Keelboats"}));
+    EXPECT_EQ(again(6, 0), Value("O'Neil's trophy"));
+    EXPECT_TRUE(again(7, 0).IsNull());
+    EXPECT_EQ(db.Count("Start", "Class=4 AND Footnote IS NULL"), 1);
+    EXPECT_EQ(again(6, 1), Value("Wind SW 3"));
+    EXPECT_EQ(again(4, 2), Value(MakeDateTime(2005, 6, 12, 14, 5)));
+    EXPECT_EQ(again(2, 1), rows(2, 0));
+    EXPECT_EQ(again(2, 2), rows(2, 1));
 }
 
 TEST_F(StartTimesTest, StartOfAnEntrantsClass) {
@@ -108,18 +87,15 @@ TEST_F(StartTimesTest, StartOfAnEntrantsClass) {
     RowSet notStarted;
     notStarted.AddRow({"Keelboats", "", "", 0});
     EXPECT_EQ(row, notStarted);
+    // No start row at all in the other race looks the same as a start without a time.
+    ASSERT_EQ(results.GetStartTimeForEntrant(11, 5, row), "");
+    EXPECT_EQ(row, notStarted);
 
     db.Exec("UPDATE Start SET StartTime='2005-06-12 14:05:00' WHERE Class=1 AND Schedule=10");
     ASSERT_EQ(results.GetStartTimeForEntrant(10, 5, row), "");
-    EXPECT_EQ(row(0, 0), Value("Keelboats"));
-    EXPECT_EQ(row(1, 0), Value(MakeDateTime(2005, 6, 12, 14, 5)));
-    EXPECT_EQ(row(2, 0), Value(10));
-    EXPECT_EQ(row(3, 0), Value(keelStart));
-
-    // No start row at all in the other race looks the same as a start without a time.
-    ASSERT_EQ(results.GetStartTimeForEntrant(11, 5, row), "");
-    EXPECT_EQ(row(0, 0), Value("Keelboats"));
-    EXPECT_EQ(row(3, 0), Value(0));
+    RowSet started;
+    started.AddRow({"Keelboats", Value(MakeDateTime(2005, 6, 12, 14, 5)), 10, keelStart});
+    EXPECT_EQ(row, started);
 
     // An entrant without a class gives four empty cells.
     ASSERT_EQ(results.GetStartTimeForEntrant(10, 6, row), "");
@@ -129,33 +105,28 @@ TEST_F(StartTimesTest, StartOfAnEntrantsClass) {
 TEST_F(StartTimesTest, PutStartTimeStoresTheTimeAndEmptyTextsAsNull) {
     RowSet rows;
     ASSERT_EQ(results.GetStartTimes(1, 10, rows), "");
-    const int startId = static_cast<int>(rows(2, 0).AsInt());
+    const std::string id = rows(2, 0).ToText();
+    const std::string start =
+        "SELECT ifnull(StartTime, '-') || '|' || ifnull(TopNote, '-') || '|' "
+        "|| ifnull(Footnote, '-') FROM Start WHERE Id=" +
+        id;
 
-    ASSERT_EQ(results.PutStartTime(startId, Value(MakeDateTime(2005, 6, 12, 14, 5)), "Top", ""),
-              "");
-    EXPECT_EQ(db.Text("SELECT StartTime FROM Start WHERE Id=" + std::to_string(startId)),
-              "2005-06-12 14:05:00");
-    EXPECT_EQ(db.Text("SELECT TopNote FROM Start WHERE Id=" + std::to_string(startId)), "Top");
-    EXPECT_EQ(db.Count("Start", "Footnote IS NULL AND Id=" + std::to_string(startId)), 1);
-    EXPECT_NE(db.Text("SELECT Value FROM Settings WHERE Parameter='LastModified'"), "");
-
-    ASSERT_EQ(results.PutStartTime(startId, Value(), "", ""), "");
-    EXPECT_EQ(db.Count("Start",
-                       "StartTime IS NULL AND TopNote IS NULL AND Id=" + std::to_string(startId)),
-              1);
+    ASSERT_EQ(
+        results.PutStartTime(std::stoi(id), Value(MakeDateTime(2005, 6, 12, 14, 5)), "Top", ""),
+        "");
+    EXPECT_EQ(db.Text(start), "2005-06-12 14:05:00|Top|-");
+    EXPECT_TRUE(db.Stamped());
+    ASSERT_EQ(results.PutStartTime(std::stoi(id), Value(), "", ""), "");
+    EXPECT_EQ(db.Text(start), "-|-|-");
 }
 
 TEST_F(StartTimesTest, FailuresNameTheOperation) {
-    const std::string missing = results.PutStartTime(999, Value(), "", "");
-    EXPECT_EQ(missing.rfind("C-Error ", 0), 0u) << missing;
-    EXPECT_NE(missing.find(" in PutStartTime\r"), std::string::npos) << missing;
-
+    EXPECT_TRUE(test::IsRunTimeError(results.PutStartTime(999, Value(), "", ""), "PutStartTime"));
     db.Exec("DROP TABLE Start");
     RowSet rows;
-    const std::string Msg = results.GetStartTimes(1, 10, rows);
-    EXPECT_NE(Msg.find(" in GetStartTimes\r"), std::string::npos) << Msg;
-    const std::string forEntrant = results.GetStartTimeForEntrant(10, 5, rows);
-    EXPECT_NE(forEntrant.find(" in GetStartTimeForEntrant\r"), std::string::npos) << forEntrant;
+    EXPECT_TRUE(test::IsRunTimeError(results.GetStartTimes(1, 10, rows), "GetStartTimes"));
+    EXPECT_TRUE(test::IsRunTimeError(results.GetStartTimeForEntrant(10, 5, rows),
+                                     "GetStartTimeForEntrant"));
     EXPECT_EQ(rows, RowSet(4, 1));
 }
 

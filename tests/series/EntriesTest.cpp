@@ -1,3 +1,4 @@
+#include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 
 #include <set>
@@ -6,6 +7,7 @@
 
 #include "SeriesFixture.h"
 #include "data/Conversions.h"
+#include "support/Checks.h"
 
 namespace tb {
 namespace {
@@ -97,16 +99,16 @@ TEST_F(EntriesTest, SavingAgainUpdatesTheOneEntrantAndBlankNameIsNull) {
     EXPECT_EQ(db.Count("Entrant"), 1);
     EXPECT_EQ(db.Count("Entrant", "NameOnResults IS NULL AND EntrantType=3"), 1);
     EXPECT_EQ(db.Text("SELECT EntryDate FROM Entrant"), "2002-06-17 00:00:00");
-    EXPECT_TRUE(Stamped());
+    EXPECT_TRUE(db.Stamped());
 
     std::vector<int> none;
-    const std::string bad =
-        results.PutEntryDetails(boat, series, owner, classId, "17/13/02", 3, "", none);
-    EXPECT_NE(bad.find(" in PutEntryDetails"), std::string::npos) << bad;
+    EXPECT_TRUE(test::IsRunTimeError(
+        results.PutEntryDetails(boat, series, owner, classId, "17/13/02", 3, "", none),
+        "PutEntryDetails"));
     EXPECT_EQ(db.Count("EntryList"), 4);
 }
 
-TEST_F(EntriesTest, ABoatNotEnteredShowsItsOwnerAndTodayAndLeavesTheRest) {
+TEST_F(EntriesTest, DetailsShowTheOwnerAndTodayUntilEnteredThenTheTcfOfEachRace) {
     int person = 0;
     int cls = 77;
     std::string date;
@@ -117,32 +119,21 @@ TEST_F(EntriesTest, ABoatNotEnteredShowsItsOwnerAndTodayAndLeavesTheRest) {
     ASSERT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows), "");
     EXPECT_EQ(person, owner);
     EXPECT_EQ(date, FormatDate(Today(), "dd/mm/yy"));
-    EXPECT_EQ(cls, 77);
-    EXPECT_EQ(type, 2);
-    EXPECT_EQ(name, "unchanged");
+    EXPECT_EQ(std::to_string(cls) + "|" + std::to_string(type) + "|" + name, "77|2|unchanged");
     EXPECT_EQ(raceRows(1, 0).ToText(), "kept");
-}
 
-TEST_F(EntriesTest, EachEnteredRaceHasTheTcfInForceOnItsDateOrTheMarker) {
     const int club = AddHandicapType("Club");
     AddHandicap(boat, irc, 0.95, "2002-06-10", "2002-06-20");
     AddHandicap(boat, irc, 0.97, "", "2002-06-05");
     AddHandicap(boat, club, 1.2, "");  // another type never counts
     ASSERT_EQ(Save(races, "Kes"), "");
-
-    int person = 0;
-    int cls = 0;
-    std::string date;
-    short type = 9;
-    std::string name;
-    RowSet raceRows;
+    person = 0;
     ASSERT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows), "");
     EXPECT_EQ(cls, classId);
     EXPECT_EQ(type, 0);
     EXPECT_EQ(person, owner);
     EXPECT_EQ(date, "01/06/2002");
     EXPECT_EQ(name, "Kes");
-
     std::set<std::string> tcfs;
     for (std::size_t r = 0; r < raceRows.Rows(); ++r)
         tcfs.insert(raceRows(0, r).ToText() + "=" + raceRows(1, r).ToText());
@@ -167,10 +158,9 @@ TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
         ASSERT_EQ(results.PutEntryDetails(b, series, owner, classId, "01/06/02", 0, "", first), "");
     }
     ASSERT_EQ(results.GetEntries(series, rows), "");
-    ASSERT_EQ(rows.Rows(), 3u);
-    EXPECT_EQ(rows(0, 0).AsInt(), third);
-    EXPECT_EQ(rows(0, 1).AsInt(), second);
-    EXPECT_EQ(rows(0, 2).AsInt(), boat);
+    EXPECT_EQ(test::Column(rows, 0),
+              (std::vector<std::string>{std::to_string(third), std::to_string(second),
+                                        std::to_string(boat)}));
     EXPECT_EQ(rows(3, 1).ToText(), "GBR 0");
 
     RowSet forRace;
@@ -181,25 +171,20 @@ TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
 }
 
 TEST_F(EntriesTest, CheckResultsFindsTheEntrantAndWhetherItHasResults) {
-    int boatEntrant = boat;
-    bool hasResults = true;
-    ASSERT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
-    EXPECT_EQ(boatEntrant, 0);
-    EXPECT_TRUE(hasResults) << "left as it was";
-
+    // The entrant found (0 for none) and whether it has results, starting from true.
+    auto check = [&] {
+        int boatEntrant = boat;
+        bool hasResults = true;
+        EXPECT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
+        return std::to_string(boatEntrant) + (hasResults ? " with results" : " without");
+    };
+    EXPECT_EQ(check(), "0 with results") << "left as it was";
     ASSERT_EQ(Save(races), "");
     const int entrant = static_cast<int>(db.raw().execAndGet("SELECT Id FROM Entrant").getInt());
-    boatEntrant = boat;
-    ASSERT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
-    EXPECT_EQ(boatEntrant, entrant);
-    EXPECT_FALSE(hasResults);
-
+    EXPECT_EQ(check(), std::to_string(entrant) + " without");
     AddResult(entrant, races[1]);
     AddResult(entrant, races[2]);
-    boatEntrant = boat;
-    ASSERT_EQ(results.CheckResults(series, boatEntrant, hasResults), "");
-    EXPECT_EQ(boatEntrant, entrant);
-    EXPECT_TRUE(hasResults);
+    EXPECT_EQ(check(), std::to_string(entrant) + " with results");
 }
 
 TEST_F(EntriesTest, RemovingAnEntrantTakesItsResultsAndRacesAndNothingElse) {
@@ -209,14 +194,14 @@ TEST_F(EntriesTest, RemovingAnEntrantTakesItsResultsAndRacesAndNothingElse) {
     ASSERT_EQ(results.PutEntryDetails(other, series, owner, classId, "01/06/02", 0, "", first), "");
     AddResult(1, races[0]);
     AddResult(2, races[0]);
-    ForgetModifiedStamp();
+    db.ForgetStamp();
 
     ASSERT_EQ(results.RemoveEntrant(1), "");
     EXPECT_EQ(db.Count("Entrant"), 1);
     EXPECT_EQ(db.Count("EntryList"), 1);
     EXPECT_EQ(db.Count("Results"), 1);
     EXPECT_EQ(db.Count("Results", "Entrant=2"), 1);
-    EXPECT_FALSE(Stamped());
+    EXPECT_FALSE(db.Stamped());
 }
 
 }  // namespace

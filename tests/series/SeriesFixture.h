@@ -1,10 +1,8 @@
 #pragma once
 
-#include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "data/clResults.h"
 #include "support/TestDatabase.h"
@@ -15,27 +13,16 @@ namespace tb::test {
 // that each test states only what it is about.
 class SeriesFixture : public ::testing::Test {
 protected:
-    // Runs an INSERT with the texts bound to ?1, ?2, ... and returns the new row's Id.
-    long long Insert(const std::string& sql, const std::vector<std::string>& texts = {}) {
-        SQLite::Statement insert(db.raw(), sql);
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            insert.bind(static_cast<int>(i + 1), texts[i]);
-        insert.exec();
-        return db.raw().getLastInsertRowid();
-    }
     int AddHandicapType(const std::string& description) {
-        return static_cast<int>(
-            Insert("INSERT INTO HandicapType (Description) VALUES (?1)", {description}));
+        return db.Insert("INSERT INTO HandicapType (Description) VALUES (?1)", {description});
     }
     int AddPerson(const std::string& first, const std::string& last) {
-        return static_cast<int>(
-            Insert("INSERT INTO People (Firstname, Lastname) VALUES (?1, ?2)", {first, last}));
+        return db.Insert("INSERT INTO People (Firstname, Lastname) VALUES (?1, ?2)", {first, last});
     }
     int AddBoat(const std::string& name, const std::string& sailNo, int owner) {
-        return static_cast<int>(
-            Insert("INSERT INTO Boat (BoatName, FullSailNo, Owner) VALUES (?1, ?2, " +
-                       std::to_string(owner) + ")",
-                   {name, sailNo}));
+        return db.Insert("INSERT INTO Boat (BoatName, FullSailNo, Owner) VALUES (?1, ?2, " +
+                             std::to_string(owner) + ")",
+                         {name, sailNo});
     }
     // Dates as stored: "YYYY-MM-DD"; an empty text is Null.
     void AddHandicap(int boat, int type, double tcf, const std::string& from,
@@ -43,9 +30,8 @@ protected:
         auto date = [](const std::string& d) {
             return d.empty() ? std::string("NULL") : "'" + d + " 00:00:00'";
         };
-        Insert(
-            "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires) "
-            "VALUES (" +
+        db.Exec(
+            "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires) VALUES (" +
             std::to_string(boat) + ", " + std::to_string(type) + ", " + std::to_string(tcf) + ", " +
             date(from) + ", " + date(expires) + ")");
     }
@@ -56,33 +42,31 @@ protected:
     }
     int AddRace(int series, const std::string& name, const std::string& isoDate,
                 bool inSubSeries = false) {
-        return static_cast<int>(
-            Insert("INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries) VALUES (" +
-                       std::to_string(series) + ", ?1, ?2, " + (inSubSeries ? "1" : "0") + ")",
-                   {name, isoDate + " 00:00:00"}));
+        return db.Insert("INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries) VALUES (" +
+                             std::to_string(series) + ", ?1, ?2, " + (inSubSeries ? "1" : "0") +
+                             ")",
+                         {name, isoDate + " 00:00:00"});
     }
     int AddClass(int series, const std::string& name, int handicapType) {
-        return static_cast<int>(
-            Insert("INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (" +
-                       std::to_string(series) + ", ?1, " + std::to_string(handicapType) + ", NULL)",
-                   {name}));
+        return db.Insert("INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (" +
+                             std::to_string(series) + ", ?1, " + std::to_string(handicapType) +
+                             ", NULL)",
+                         {name});
     }
     int AddEntrant(int series, int boat, int classId, int person) {
-        return static_cast<int>(Insert(
+        return db.Insert(
             "INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant, EntryDate) VALUES (" +
             std::to_string(series) + ", " + std::to_string(boat) + ", " + std::to_string(classId) +
-            ", 0, " + std::to_string(person) + ", '2002-06-01 00:00:00')"));
+            ", 0, " + std::to_string(person) + ", '2002-06-01 00:00:00')");
     }
     void Enter(int entrant, int race) {
-        Insert("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + std::to_string(entrant) +
-               ", " + std::to_string(race) + ")");
+        db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + std::to_string(entrant) +
+                ", " + std::to_string(race) + ")");
     }
     void AddResult(int entrant, int race) {
-        Insert("INSERT INTO Results (Schedule, Entrant, Status) VALUES (" + std::to_string(race) +
-               ", " + std::to_string(entrant) + ", 2)");
+        db.Exec("INSERT INTO Results (Schedule, Entrant, Status) VALUES (" + std::to_string(race) +
+                ", " + std::to_string(entrant) + ", 2)");
     }
-    void ForgetModifiedStamp() { db.Exec("DELETE FROM Settings WHERE Parameter='LastModified'"); }
-    bool Stamped() { return db.Count("Settings", "Parameter='LastModified'") == 1; }
 
     TestDatabase db;
     clResults results;

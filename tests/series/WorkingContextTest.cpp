@@ -4,19 +4,13 @@
 #include <vector>
 
 #include "SeriesFixture.h"
+#include "support/Checks.h"
 
 namespace tb {
 namespace {
 
-class WorkingContextTest : public test::SeriesFixture {
-protected:
-    static std::vector<std::string> Column(const RowSet& rows, std::size_t column) {
-        std::vector<std::string> texts;
-        for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r)
-            texts.push_back(rows(column, r).ToText());
-        return texts;
-    }
-};
+using WorkingContextTest = test::SeriesFixture;
+using test::Column;
 
 TEST_F(WorkingContextTest, YearsAndSeriesFollowTheRaceDates) {
     const int winter = AddSeries("Winter");

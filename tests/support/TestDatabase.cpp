@@ -52,6 +52,14 @@ void TestDatabase::Exec(const std::string& sql) {
     raw().exec(sql);
 }
 
+int TestDatabase::Insert(const std::string& sql, const std::vector<std::string>& texts) {
+    SQLite::Statement insert(raw(), sql);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        insert.bind(static_cast<int>(i + 1), texts[i]);
+    insert.exec();
+    return static_cast<int>(raw().getLastInsertRowid());
+}
+
 long long TestDatabase::Count(const std::string& table, const std::string& where) {
     SQLite::Statement st(raw(), "SELECT count(*) FROM " + table +
                                     (where.empty() ? std::string() : " WHERE " + where));

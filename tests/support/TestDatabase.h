@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tb::test {
 
@@ -22,9 +23,14 @@ public:
 
     SQLite::Database& raw();
     void Exec(const std::string& sql);
+    // Runs an INSERT with the texts bound to ?1, ?2, ... and returns the new row's Id.
+    int Insert(const std::string& sql, const std::vector<std::string>& texts = {});
     long long Count(const std::string& table, const std::string& where = "");
     // The first column of the first row as text ("" for Null, "<no row>" when nothing is found).
     std::string Text(const std::string& sql);
+    // Whether an operation has stamped the data as changed, and forgetting that it did.
+    bool Stamped() { return Count("Settings", "Parameter='LastModified'") == 1; }
+    void ForgetStamp() { Exec("DELETE FROM Settings WHERE Parameter='LastModified'"); }
 
 private:
     std::string folder_;

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "data/RowSet.h"
+
+namespace tb::test {
+
+// Whether the message is the run-time error text of the operation: "C-Error <number> raised by
+// <source> in <operation>\r<description>".
+testing::AssertionResult IsRunTimeError(const std::string& Msg, const std::string& operation);
+
+// The texts of one column of the rows in order; none for an empty row set.
+std::vector<std::string> Column(const RowSet& rows, std::size_t column);
+
+// The first column of the first row a query finds in a database file ("<no row>" for none).
+std::string Scalar(const std::string& file, const std::string& sql);
+
+}  // namespace tb::test
