@@ -64,6 +64,13 @@ TEST(ConnectDb, ConnectsOnceTheFileAppearsWithoutRestarting) {
     EXPECT_EQ(value, "1.0");
 }
 
+TEST(SqlQuote, DoublesApostrophesOnly) {
+    EXPECT_EQ(clResults::SqlQuote("O'Neil"), "O''Neil");
+    EXPECT_EQ(clResults::SqlQuote(""), "");
+    EXPECT_EQ(clResults::SqlQuote("''"), "''''");
+    EXPECT_EQ(clResults::SqlQuote("Me & \"You\""), "Me & \"You\"");
+}
+
 TEST(ErrorText, KeepsAMessageAndBuildsTheRunTimeText) {
     const PendingError pending{19, "SQLite", "UNIQUE constraint failed"};
     EXPECT_EQ(ErrorText("E-Please specify a name", "PutSeriesDetails", &pending),
