@@ -53,12 +53,24 @@ td.total { font-weight: 700; }
 .write-in { width: 9rem; border-left: 1px solid var(--rule); }
 tr.write-row td { height: 2.1rem; }
 .legend, footer { color: var(--muted); font-size: .85rem; }
+.legend { margin: .3rem 0 0; }
+/* Position and boat stay in view while the other columns scroll sideways. */
+th.pos, td.pos { position: sticky; left: 0; z-index: 1; min-width: 2.9rem; width: 2.9rem; }
+th.boat, td.boat { position: sticky; left: 2.9rem; z-index: 1; }
+th.pos, th.boat, td.pos, td.boat { background: #fff; }
+tbody tr:nth-child(even) td.pos, tbody tr:nth-child(even) td.boat { background: var(--band); }
+td.boat { box-shadow: inset -1px 0 0 var(--rule); }
+.print-only { display: none; }
 .empty { color: var(--muted); font-style: italic; }
 footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem; }
 @media (max-width: 44rem) {
   body { font-size: 14px; padding: 1rem .5rem; }
   .wide { display: none; }
-  td.boat { white-space: normal; }
+  td.boat { white-space: normal; min-width: 6.5rem; max-width: 9rem; }
+  th, td { padding: .3rem .3rem; }
+  th.pos, td.pos { min-width: 2.2rem; width: 2.2rem; }
+  th.boat, td.boat { left: 2.2rem; }
+  section.class { padding-left: .5rem; }
   h1 { font-size: 1.35rem; }
 }
 @media print {
@@ -71,8 +83,15 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
   nav.classes { display: none; }
   .scroll { overflow: visible; }
   th, td { padding: 1.5pt 3pt; }
-  section.class { break-inside: avoid-page; }
-  .sheet-per-page section.class { break-before: page; break-inside: auto; }
+  .screen-only { display: none; }
+  .print-only { display: block; }
+  th.pos, td.pos, th.boat, td.boat { position: static; background: none; box-shadow: none; }
+  table.block { margin: 0 0 4pt; }
+  table.block + table.block { margin-top: 8pt; }
+  /* A heading stays with what it heads: no page ends on a heading or starts with a footer. */
+  header.report, h2, h3, .class-facts, .note { break-after: avoid; }
+  footer, .legend { break-before: avoid; }
+  .sheet-per-page section.class { break-before: page; }
   .sheet-per-page section.class:first-of-type { break-before: auto; }
   thead { display: table-header-group; }
   tr { break-inside: avoid; }

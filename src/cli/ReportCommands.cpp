@@ -122,10 +122,10 @@ int Report(const std::vector<std::string>& args) {
     std::string OutputPath;
     const std::string Result = db.CreateReport(kindIndex, static_cast<int>(*action), chosen.Viewer,
                                                static_cast<int>(*race), OutputPath);
-    if (!Result.empty())
-        return Fail(Result);
-    std::cout << OutputPath << '\n';
-    return 0;
+    // A publishing action stopped by unsettled handicaps still names the problem page.
+    if (!OutputPath.empty())
+        std::cout << OutputPath << '\n';
+    return Result.empty() ? 0 : Fail(Result);
 }
 
 }  // namespace tb::cli

@@ -66,7 +66,8 @@ std::string PageText(const Value& value) {
 }  // namespace
 
 std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
-                                          const RowSet& Problems, std::string& Html) {
+                                          const RowSet& Problems, std::string& Html,
+                                          const std::string& Notice) {
     return RunWriter("ReportProblemsHTML", [&] {
         const std::string crlf = kCrLf;
         Html = "<HEAD>" + crlf +
@@ -75,6 +76,8 @@ std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const 
                "</TITLE>" + crlf + ProblemStyleBlock() + crlf + "</HEAD>" + crlf +
                "<BODY><P CLASS=CBS ID=idc>&nbsp;</P>" + crlf +
                "<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>" + crlf;
+        if (!Notice.empty())
+            Html += "<P><B>" + PageText(Value(Notice)) + "</B></P><P>&nbsp;</P>" + crlf;
         for (std::size_t k = 0; k < Problems.Rows(); ++k) {
             const std::string boat = PageText(Problems(1, k));
             if (Problems(5, k).AsInt() == 0) {

@@ -122,8 +122,8 @@ std::string clResults::ReportXML(short Option, const std::string& Letter, int Vi
                         Xml += ResultElement(ResultRows, j);
                 }
             }
-            Xml += "<ClassFootNote>" + ToText(ClassRows(12, i)) + "</ClassFootNote>" + kCrLf +
-                   "</ClassResults>" + kCrLf;
+            Xml += "<ClassFootNote>" + FootnoteContent(ToText(ClassRows(12, i))) +
+                   "</ClassFootNote>" + kCrLf + "</ClassResults>" + kCrLf;
         }
         Xml += "<RaceFootNote></RaceFootNote></RaceResults>";
         return Msg;
