@@ -61,6 +61,7 @@ th.pos, th.boat, td.pos, td.boat { background: #fff; }
 tbody tr:nth-child(even) td.pos, tbody tr:nth-child(even) td.boat { background: var(--band); }
 td.boat { box-shadow: inset -1px 0 0 var(--rule); }
 .print-only { display: none; }
+nav.archive a { color: var(--accent); }
 .empty { color: var(--muted); font-style: italic; }
 footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem; }
 @media (max-width: 44rem) {
@@ -80,7 +81,7 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
   td.notes { min-width: 6rem; }
   table.series { font-size: 8pt; }
   main { max-width: none; }
-  nav.classes { display: none; }
+  nav.classes, nav.archive { display: none; }
   .scroll { overflow: visible; }
   th, td { padding: 1.5pt 3pt; }
   .screen-only { display: none; }
