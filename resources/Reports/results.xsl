@@ -148,68 +148,67 @@
     <code name="RET">retired</code>
   </xsl:variable>
 
-  <!-- Series standings put the total right after the boat, so it is in view on any screen
-       however long the season; position and boat stay in view while the races scroll. On paper
-       the races come in blocks of at most twenty, each block with position, boat and total. -->
+  <!-- Series standings put the total right after the boat, so it is in view on any screen; the
+       races come in blocks of at most twenty, each block a table with position, boat, sail number
+       and total, so that a long season fits a screen's width and an A4 page alike. Position and
+       boat stay in view when a block scrolls sideways on a phone. -->
   <xsl:template name="series-table">
     <xsl:choose>
       <xsl:when test="not(SeriesResult)">
         <p class="empty">No series scores for this class yet.</p>
       </xsl:when>
       <xsl:otherwise>
-        <div class="scroll screen-only">
-          <table class="series">
-            <thead>
-              <tr>
-                <th class="num pos">Pos</th>
-                <th class="boat">Boat</th>
-                <th>Sail no</th>
-                <th class="num total">Total</th>
-                <xsl:apply-templates select="Race"/>
-              </tr>
-            </thead>
-            <tbody>
-              <xsl:for-each select="SeriesResult">
-                <tr>
-                  <td class="num pos"><xsl:value-of select="@Position"/></td>
-                  <td class="boat"><xsl:value-of select="@BoatName"/></td>
-                  <td><xsl:value-of select="@SailNo"/></td>
-                  <td class="num total"><xsl:value-of select="@Points"/></td>
-                  <!-- Walking the score attributes themselves keeps the test and the value at
-                       the context node: the season's table has one cell per boat and race. -->
-                  <xsl:apply-templates select="Score/@Pts"/>
-                </tr>
-              </xsl:for-each>
-            </tbody>
-          </table>
-        </div>
-        <div class="print-only">
-          <xsl:for-each select="Race[position() mod $races-per-block = 1]">
-            <xsl:variable name="first" select="position() * $races-per-block - $races-per-block"/>
-            <table class="series block">
+        <xsl:variable name="blocks" select="count(Race) &gt; 20"/>
+        <xsl:for-each select="Race[position() mod 20 = 1]">
+          <xsl:variable name="first" select="position() * 20 - 20"/>
+          <xsl:variable name="races" select="../Race[position() &gt; $first][position() &lt;= 20]"/>
+          <div class="scroll">
+            <table class="series">
+              <xsl:if test="$blocks">
+                <caption>
+                  <xsl:apply-templates select="$races[1]" mode="short-name"/>
+                  <xsl:text> – </xsl:text>
+                  <xsl:apply-templates select="$races[last()]" mode="short-name"/>
+                </caption>
+              </xsl:if>
               <thead>
                 <tr>
-                  <th class="num pos">Pos</th>
+                  <th class="pos">Pos</th>
                   <th class="boat">Boat</th>
-                  <th class="num total">Total</th>
-                  <xsl:apply-templates
-                      select="../Race[position() &gt; $first and position() &lt;= $first + $races-per-block]"/>
+                  <th class="sail">Sail no</th>
+                  <th class="total">Total</th>
+                  <xsl:for-each select="$races">
+                    <th title="{@Name}, {@Date}">
+                      <xsl:apply-templates select="." mode="short-name"/>
+                    </th>
+                  </xsl:for-each>
                 </tr>
               </thead>
               <tbody>
                 <xsl:for-each select="../SeriesResult">
                   <tr>
-                    <td class="num pos"><xsl:value-of select="@Position"/></td>
+                    <td class="pos"><xsl:value-of select="@Position"/></td>
                     <td class="boat"><xsl:value-of select="@BoatName"/></td>
-                    <td class="num total"><xsl:value-of select="@Points"/></td>
-                    <xsl:apply-templates
-                        select="Score[position() &gt; $first and position() &lt;= $first + $races-per-block]/@Pts"/>
+                    <td class="sail"><xsl:value-of select="@SailNo"/></td>
+                    <td class="total"><xsl:value-of select="@Points"/></td>
+                    <!-- Walking the score attributes themselves keeps the test and the value at
+                         the context node: the season's table has one cell per boat and race. -->
+                    <xsl:for-each select="Score[position() &gt; $first][position() &lt;= 20]/@Pts">
+                      <td>
+                        <xsl:choose>
+                          <xsl:when test="contains(., '*')">
+                            <s class="discard"><xsl:value-of select="."/></s>
+                          </xsl:when>
+                          <xsl:otherwise><xsl:value-of select="."/></xsl:otherwise>
+                        </xsl:choose>
+                      </td>
+                    </xsl:for-each>
                   </tr>
                 </xsl:for-each>
               </tbody>
             </table>
-          </xsl:for-each>
-        </div>
+          </div>
+        </xsl:for-each>
         <p class="legend">Total: the sum of the race scores less the discards · * a discarded
           score, struck through: it does not count · a race a boat did not finish or start scores
           by its status, as on the race's results.</p>
@@ -217,29 +216,14 @@
     </xsl:choose>
   </xsl:template>
 
-  <xsl:variable name="races-per-block" select="20"/>
-
-  <!-- A race's column heading: R1, R2, ... with its name and date as a tooltip. -->
-  <xsl:template match="Race">
-    <th class="num" title="{@Name}, {@Date}">
-      <xsl:choose>
-        <xsl:when test="starts-with(@Name, 'Race ')">
-          <xsl:value-of select="concat('R', substring-after(@Name, 'Race '))"/>
-        </xsl:when>
-        <xsl:otherwise><xsl:value-of select="@Name"/></xsl:otherwise>
-      </xsl:choose>
-    </th>
-  </xsl:template>
-
-  <xsl:template match="@Pts">
-    <td class="num">
-      <xsl:choose>
-        <xsl:when test="contains(., '*')">
-          <span class="discard" title="discarded"><xsl:value-of select="."/></span>
-        </xsl:when>
-        <xsl:otherwise><xsl:value-of select="."/></xsl:otherwise>
-      </xsl:choose>
-    </td>
+  <!-- A race's short name for a column heading: "Race 12" reads R12. -->
+  <xsl:template match="Race" mode="short-name">
+    <xsl:choose>
+      <xsl:when test="starts-with(@Name, 'Race ')">
+        <xsl:value-of select="concat('R', substring-after(@Name, 'Race '))"/>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="@Name"/></xsl:otherwise>
+    </xsl:choose>
   </xsl:template>
 
   <!-- "13 Apr 2026 12:31:05" reads 12:31:05; "-" (no finish) stays as it is. -->

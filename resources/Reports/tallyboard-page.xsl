@@ -16,7 +16,7 @@ body {
   margin: 0; padding: 1.5rem 1rem 2rem; color: var(--ink); background: #fff;
   font: 15px/1.45 "Segoe UI", "Noto Sans", "DejaVu Sans", Helvetica, Arial, sans-serif;
 }
-main { max-width: 68rem; margin: 0 auto; }
+main { max-width: 80rem; margin: 0 auto; }
 header.report { border-bottom: 3px solid var(--accent); padding-bottom: .6rem; margin-bottom: 1rem; }
 .organisation { margin: 0; font-size: .95rem; letter-spacing: .04em; text-transform: uppercase; color: var(--accent); font-weight: 600; }
 h1 { margin: .15rem 0 .1rem; font-size: 1.65rem; line-height: 1.2; }
@@ -50,6 +50,10 @@ td.notes { white-space: normal; min-width: 12rem; color: var(--muted); font-size
 td.pos { font-weight: 700; }
 td.total { font-weight: 700; }
 .discard { color: var(--discard); text-decoration: line-through; }
+table.series th, table.series td { text-align: right; }
+table.series .boat, table.series .sail { text-align: left; }
+table.series td.pos, table.series td.total { font-weight: 700; }
+table.series caption { text-align: left; color: var(--muted); font-size: .85rem; padding: .6rem 0 .2rem; }
 .write-in { width: 9rem; border-left: 1px solid var(--rule); }
 tr.write-row td { height: 2.1rem; }
 .legend, footer { color: var(--muted); font-size: .85rem; }
@@ -60,7 +64,6 @@ th.boat, td.boat { position: sticky; left: 2.9rem; z-index: 1; }
 th.pos, th.boat, td.pos, td.boat { background: #fff; }
 tbody tr:nth-child(even) td.pos, tbody tr:nth-child(even) td.boat { background: var(--band); }
 td.boat { box-shadow: inset -1px 0 0 var(--rule); }
-.print-only { display: none; }
 nav.archive a { color: var(--accent); }
 .empty { color: var(--muted); font-style: italic; }
 footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem; }
@@ -84,11 +87,8 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
   nav.classes, nav.archive { display: none; }
   .scroll { overflow: visible; }
   th, td { padding: 1.5pt 3pt; }
-  .screen-only { display: none; }
-  .print-only { display: block; }
   th.pos, td.pos, th.boat, td.boat { position: static; background: none; box-shadow: none; }
-  table.block { margin: 0 0 4pt; }
-  table.block + table.block { margin-top: 8pt; }
+  table.series caption { break-after: avoid; padding-top: 6pt; }
   /* A heading stays with what it heads: no page ends on a heading or starts with a footer. */
   header.report, h2, h3, .class-facts, .note { break-after: avoid; }
   footer, .legend { break-before: avoid; }

@@ -39,15 +39,14 @@ private:
     iconv_t cd_;
 };
 
-}  // namespace
-
+// The bytes of the well-formed UTF-8 character (not ASCII) at the position, 0 when the bytes there
+// are not one (a stray continuation byte, an overlong form, a surrogate, beyond U+10FFFF, cut
+// short).
 std::size_t Utf8CharacterLength(std::string_view text, std::size_t at) {
     const auto byte = [&](std::size_t i) {
         return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0u;
     };
     const unsigned lead = byte(0);
-    if (lead < 0x80)
-        return at < text.size() ? 1 : 0;
     // The second byte's range depends on the lead byte; later ones are always 80 to BF.
     unsigned low = 0x80, high = 0xBF;
     std::size_t length = 0;
@@ -72,6 +71,8 @@ std::size_t Utf8CharacterLength(std::string_view text, std::size_t at) {
     }
     return length;
 }
+
+}  // namespace
 
 std::string WithValidUtf8(std::string_view text) {
     std::string valid;

@@ -9,10 +9,6 @@ namespace tb {
 // charset lacks becomes a numeric character reference (&#8364; stays readable in any browser).
 std::string EncodeWindows1252(std::string_view utf8);
 
-// The bytes of the well-formed UTF-8 character at the position, 0 when the bytes there are not
-// one (a stray continuation byte, an overlong form, a surrogate, beyond U+10FFFF, cut short).
-std::size_t Utf8CharacterLength(std::string_view text, std::size_t at);
-
 // The text with every byte that is not part of a well-formed UTF-8 character replaced by U+FFFD,
 // so that text another program wrote in some other charset still reads, marked where it went
 // wrong, instead of stopping the report.

@@ -231,14 +231,13 @@ std::string RunOutputObject(const std::string& OutputObject, const std::string& 
     const std::string program = OutputObjectProgram(OutputObject);
     std::vector<std::string> args = {program, OutputFile, htmlFile.path(), xmlFile.path()};
     std::vector<std::string> environment = OutputObjectEnvironment(ReportFile);
+    // Close-on-exec, so no other program started meanwhile holds the pipe open.
     int pipeEnds[2];
-    if (pipe(pipeEnds) != 0)
+    if (pipe2(pipeEnds, O_CLOEXEC) != 0)
         return "E-Failed to create output object " + OutputObject;
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addclose(&actions, pipeEnds[0]);
     posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
-    posix_spawn_file_actions_addclose(&actions, pipeEnds[1]);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, complaints.path().c_str(),
                                      O_WRONLY | O_TRUNC, 0);
     pid_t pid = 0;
