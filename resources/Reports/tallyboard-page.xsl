@@ -82,7 +82,11 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
   body { font-size: 9pt; padding: 0; }
   .model { display: none; }
   td.notes { min-width: 6rem; }
-  table.series { font-size: 8pt; }
+  table.series { font-size: 7.5pt; }
+  table.series .sail { display: none; }
+  table.series th, table.series td { padding: 1.5pt 2pt; }
+  th { font-size: 6.5pt; letter-spacing: 0; }
+  section.class { padding-left: 4pt; }
   main { max-width: none; }
   nav.classes, nav.archive { display: none; }
   .scroll { overflow: visible; }
