@@ -135,7 +135,7 @@ bool clResults::ResultsMissing(int RaceId) {
     const RowSet entrantRows = Query(kSeriesEntrants, {RaceId});
     std::unordered_set<long long> entrants;
     for (std::size_t r = 0; !entrantRows.IsEmpty() && r < entrantRows.Rows(); ++r)
-        entrants.insert(entrantRows(0, r).AsInt());
+        entrants.insert(entrantRows(kOnlyColumn, r).AsInt());
     const long long races = Query(kRacesUpToThis, {RaceId})(kOnlyColumn, kFirstRow).AsInt();
     Statement& results = Prepared(kResultEntrants);
     results.Bind(1, static_cast<std::int64_t>(RaceId));
