@@ -4,6 +4,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <regex>
 
 #include "data/Schema.h"
 #include "support/TestDatabase.h"
@@ -14,27 +16,44 @@ namespace {
 using test::TempFolder;
 using test::TestDatabase;
 
-std::vector<std::string> Columns(TestDatabase& db, const std::string& table) {
-    std::vector<std::string> names;
-    SQLite::Statement st(db.raw(), "SELECT name FROM pragma_table_info(?) ORDER BY cid");
-    st.bind(1, table);
-    while (st.executeStep())
-        names.push_back(st.getColumn(0).getString());
-    return names;
+// The database format as resources/schema.sql lists it: each table with its columns in order,
+// "Name TYPE" as declared.
+std::map<std::string, std::vector<std::string>> ListedFormat() {
+    std::ifstream file(TALLYBOARD_SCHEMA_FILE);
+    std::map<std::string, std::vector<std::string>> tables;
+    std::string line;
+    std::vector<std::string>* table = nullptr;
+    static const std::regex create(R"(^CREATE TABLE (\w+) \($)");
+    static const std::regex column(R"(^    (\w+) (\w+))");
+    std::smatch m;
+    while (std::getline(file, line)) {
+        if (std::regex_search(line, m, create))
+            table = &tables[m[1]];
+        else if (line.starts_with(")"))
+            table = nullptr;
+        else if (table != nullptr && std::regex_search(line, m, column))
+            table->push_back(m[1].str() + " " + m[2].str());
+    }
+    return tables;
 }
 
-TEST(Schema, TablesHaveTheirColumnsInOrder) {
+TEST(Schema, EveryTableHasTheListedColumnsInOrder) {
     TestDatabase db;
-    using V = std::vector<std::string>;
-    EXPECT_EQ(Columns(db, "Results"), (V{"Id", "Schedule", "Entrant", "FinishTime", "Status",
-                                         "PenaltyMins", "PenaltyPercent", "PenaltyPoints", "Notes",
-                                         "Handicap", "ElapsedTime", "CorrectedTime", "Points"}));
-    EXPECT_EQ(Columns(db, "Entrant"), (V{"Id", "Series", "Boat", "Class", "EntrantType", "Entrant",
-                                         "EntryDate", "NameOnResults", "SeriesPoints"}));
-    EXPECT_EQ(Columns(db, "People").size(), 15u);
-    EXPECT_EQ(Columns(db, "Points"),
-              (V{"Scoring", "Place", "Status", "Base", "Value", "MinValue"}));
-    EXPECT_EQ(Columns(db, "Settings"), (V{"Parameter", "Value"}));
+    const auto listed = ListedFormat();
+    ASSERT_EQ(listed.size(), 18u);
+    std::map<std::string, std::vector<std::string>> made;
+    SQLite::Statement tables(db.raw(),
+                             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
+                             "LIKE 'sqlite_%'");
+    while (tables.executeStep()) {
+        const std::string table = tables.getColumn(0).getString();
+        SQLite::Statement columns(
+            db.raw(), "SELECT name || ' ' || type FROM pragma_table_info(?1) ORDER BY cid");
+        columns.bind(1, table);
+        while (columns.executeStep())
+            made[table].push_back(columns.getColumn(0).getString());
+    }
+    EXPECT_EQ(made, listed);
 }
 
 TEST(Schema, ANewDatabaseListsTheOutcomesInTheOrderTheResultsWindowExpects) {
