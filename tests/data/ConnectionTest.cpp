@@ -68,6 +68,13 @@ TEST(SqlQuote, DoublesApostrophesOnly) {
     EXPECT_EQ(clResults::SqlQuote("O'Neil & \"Co\""), "O''Neil & \"Co\"");
 }
 
+// A message the operation gave is kept even when an error is pending.
+TEST(ErrorText, KeepsTheOperationsOwnMessage) {
+    const PendingError pending{19, "SQLite", "UNIQUE constraint failed"};
+    EXPECT_EQ(ErrorText("E-Please specify a name", "PutSeriesDetails", &pending),
+              "E-Please specify a name");
+}
+
 TEST(ShowMessage, ChoosesIconAndTitleByTheKindLetter) {
     RecordingMessages messages;
     for (const char* Msg :

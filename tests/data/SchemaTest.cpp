@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 
 #include "data/Schema.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -16,23 +16,16 @@ namespace {
 using test::TempFolder;
 using test::TestDatabase;
 
-// The database format as resources/schema.sql lists it: each table with its columns in order,
-// "Name TYPE" as declared.
-std::map<std::string, std::vector<std::string>> ListedFormat() {
-    std::ifstream file(TALLYBOARD_SCHEMA_FILE);
-    std::map<std::string, std::vector<std::string>> tables;
+// The database format other programs read: each table with its columns in order, as
+// "Table: Name TYPE, Name TYPE, ...", one table a line.
+std::map<std::string, std::string> ListedFormat() {
+    std::ifstream file(test::GoldenFile("database-format.txt"));
+    std::map<std::string, std::string> tables;
     std::string line;
-    std::vector<std::string>* table = nullptr;
-    static const std::regex create(R"(^CREATE TABLE (\w+) \($)");
-    static const std::regex column(R"(^    (\w+) (\w+))");
-    std::smatch m;
     while (std::getline(file, line)) {
-        if (std::regex_search(line, m, create))
-            table = &tables[m[1]];
-        else if (line.starts_with(")"))
-            table = nullptr;
-        else if (table != nullptr && std::regex_search(line, m, column))
-            table->push_back(m[1].str() + " " + m[2].str());
+        const auto colon = line.find(": ");
+        if (colon != std::string::npos)
+            tables[line.substr(0, colon)] = line.substr(colon + 2);
     }
     return tables;
 }
@@ -41,17 +34,18 @@ TEST(Schema, EveryTableHasTheListedColumnsInOrder) {
     TestDatabase db;
     const auto listed = ListedFormat();
     ASSERT_EQ(listed.size(), 18u);
-    std::map<std::string, std::vector<std::string>> made;
+    std::map<std::string, std::string> made;
     SQLite::Statement tables(db.raw(),
                              "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
                              "LIKE 'sqlite_%'");
     while (tables.executeStep()) {
         const std::string table = tables.getColumn(0).getString();
-        SQLite::Statement columns(
-            db.raw(), "SELECT name || ' ' || type FROM pragma_table_info(?1) ORDER BY cid");
+        SQLite::Statement columns(db.raw(),
+                                  "SELECT group_concat(name || ' ' || type, ', ') FROM "
+                                  "(SELECT name, type FROM pragma_table_info(?1) ORDER BY cid)");
         columns.bind(1, table);
-        while (columns.executeStep())
-            made[table].push_back(columns.getColumn(0).getString());
+        if (columns.executeStep())
+            made[table] = columns.getColumn(0).getString();
     }
     EXPECT_EQ(made, listed);
 }
