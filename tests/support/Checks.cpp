@@ -27,8 +27,12 @@ std::string Scalar(const std::string& file, const std::string& sql) {
     return st.executeStep() ? st.getColumn(0).getString() : std::string("<no row>");
 }
 
+std::string GoldenFile(const std::string& name) {
+    return std::string(TALLYBOARD_GOLDEN_DIR) + "/" + name;
+}
+
 std::string DataFile(const std::string& name) {
-    std::ifstream file(std::string(TALLYBOARD_TEST_DATA) + "/" + name, std::ios::binary);
+    std::ifstream file(GoldenFile(name), std::ios::binary);
     EXPECT_TRUE(file) << name;
     std::ostringstream text;
     text << file.rdbuf();

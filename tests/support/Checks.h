@@ -19,11 +19,14 @@ std::vector<std::string> Column(const RowSet& rows, std::size_t column);
 // The first column of the first row a query finds in a database file ("<no row>" for none).
 std::string Scalar(const std::string& file, const std::string& sql);
 
-// The whole text of a data file under tests/data.
+// The path of an expected text kept under tests/data/golden.
+std::string GoldenFile(const std::string& name);
+
+// The whole text of a data file under tests/data/golden.
 std::string DataFile(const std::string& name);
 
-// The rows of a data file under tests/data: one a line, fields separated by tabs; lines starting
-// with "#" are comments.
+// The rows of a data file under tests/data/golden: one a line, fields separated by tabs; lines
+// starting with "#" are comments.
 std::vector<std::vector<std::string>> DataFileRows(const std::string& name);
 
 }  // namespace tb::test
