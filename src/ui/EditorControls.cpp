@@ -22,6 +22,13 @@ std::string Trap(const char* location, const std::function<std::string()>& body)
     }
 }
 
+void RunTrapped(const char* location, const std::function<void()>& body) {
+    ShowMessage(Trap(location, [&body] {
+        body();
+        return std::string();
+    }));
+}
+
 QFont ColumnFont() {
     return QFontDatabase::systemFont(QFontDatabase::FixedFont);
 }

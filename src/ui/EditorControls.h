@@ -26,6 +26,9 @@ QString FieldText(const Value& value);
 
 // Runs a window procedure; a run-time error becomes the "C-Error" text for the location.
 std::string Trap(const char* location, const std::function<std::string()>& body);
+// Every window slot that reaches the database or converts typed text runs through here, so a
+// run-time error inside it is shown as its message and never leaves the event loop.
+void RunTrapped(const char* location, const std::function<void()>& body);
 
 // The font of lists padded into columns.
 QFont ColumnFont();

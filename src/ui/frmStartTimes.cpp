@@ -114,7 +114,7 @@ void frmStartTimes::Save() {
             ShowMessage("E-Please enter a valid start time");
             return;
         }
-        const auto start = ParseTypedDate(
+        const auto start = ParseTypedDateTime(
             (ui->tDate->text() + " " + time.left(2) + ":" + time.right(2)).toStdString());
         if (!start) {
             ShowMessage("E-Please enter a valid start date");

@@ -260,6 +260,7 @@ TEST(ReportXmlRules, ClassLinksComeFromTheSeventhCharacter) {
     const std::pair<const char*, const char*> cases[] = {
         {"Class 2", "class2"},
         {"Class 4 fast", "class4"},
+        {"Clåss 3", "class3"},
         {"Class 5", ""},
         {"Class 0", ""},
         {"Multihull", "classmultihulls"},
