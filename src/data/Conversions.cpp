@@ -153,13 +153,6 @@ long long SecondsOfDay(DateTime t) {
 int YearOf(DateTime t) {
     return static_cast<int>(Ymd(t).year());
 }
-unsigned MonthOf(DateTime t) {
-    return static_cast<unsigned>(Ymd(t).month());
-}
-unsigned DayOf(DateTime t) {
-    return static_cast<unsigned>(Ymd(t).day());
-}
-
 DateTime AddDays(DateTime t, int n) {
     return t + days(n);
 }

@@ -19,8 +19,6 @@ DateTime Today();  // local date at midnight
 DateTime DatePart(DateTime t);
 long long SecondsOfDay(DateTime t);
 int YearOf(DateTime t);
-unsigned MonthOf(DateTime t);
-unsigned DayOf(DateTime t);
 DateTime AddDays(DateTime t, int days);
 
 // A date as a user types it ("is a valid date"): d/m/yy, dd/mm/yyyy, "d mmm yyyy" (English

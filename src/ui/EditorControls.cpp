@@ -1,6 +1,7 @@
 #include "ui/EditorControls.h"
 
 #include <QFontDatabase>
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 #include "data/Conversions.h"
@@ -27,6 +28,13 @@ void RunTrapped(const char* location, const std::function<void()>& body) {
         body();
         return std::string();
     }));
+}
+
+void KeepTypedName(QComboBox* list) {
+    list->setCompleter(nullptr);
+    list->setInsertPolicy(QComboBox::NoInsert);
+    QObject::disconnect(list->lineEdit(), &QLineEdit::editingFinished, list, nullptr);
+    QObject::disconnect(list->lineEdit(), &QLineEdit::returnPressed, list, nullptr);
 }
 
 QFont ColumnFont() {
