@@ -266,8 +266,12 @@ void frmResults::EntryEnter() {
     // Choosing the boat already shown brings back its result fields.
     if (ui->SelEntry->currentIndex() >= 0 && !ui->tTime->isEnabled())
         ChooseEntry(ui->SelEntry->currentIndex());
-    if (ui->tTime->isEnabled())
+    if (ui->tTime->isEnabled()) {
         ui->tTime->setFocus();
+        // A stored time is typed over, as a correction from the sheet is.
+        if (ui->tTime->text() != PrefilledHour)
+            ui->tTime->selectAll();
+    }
 }
 
 void frmResults::EntryPicked(int index) {

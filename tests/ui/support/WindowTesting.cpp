@@ -1,5 +1,6 @@
 #include "support/WindowTesting.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
@@ -21,14 +22,58 @@ CaseTrace::~CaseTrace() {
         qWarning("in case: %s", qPrintable(name_));
 }
 
-void Type(QLineEdit* field, const QString& text) {
-    field->selectAll();
-    QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
+QWidget* Focused() {
+    return QApplication::focusWidget();
+}
+
+void Keys(const QString& text) {
+    QTest::keyClicks(Focused(), text);
+}
+
+void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(Focused(), key, modifiers);
+}
+
+void Enter() {
+    Key(Qt::Key_Return);
+}
+
+void FocusOn(QWidget* control) {
+    const auto* list = qobject_cast<QComboBox*>(control);
+    if (qobject_cast<QLineEdit*>(control) != nullptr || (list != nullptr && list->isEditable()))
+        QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
+    for (int tabs = 0; Focused() != control && tabs < 80; ++tabs)
+        Key(Qt::Key_Tab);
+    if (Focused() != control)
+        qFatal("the keyboard does not reach %s", qPrintable(control->objectName()));
+}
+
+void Type(QWidget* field, const QString& text) {
+    FocusOn(field);
+    Key(Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty())
+        Key(Qt::Key_Delete);
+    Keys(text);
 }
 
 void Choose(QComboBox* list, const QString& text) {
-    list->setCurrentIndex(list->findText(text));
+    if (list->isEditable()) {
+        Type(list, text);
+        return;
+    }
+    FocusOn(list);
+    // A blank would open the list: the search goes as far as the first word.
+    Keys(text.section(' ', 0, 0));
+    for (const Qt::Key step : {Qt::Key_Down, Qt::Key_Up}) {
+        for (int i = 0; list->currentText() != text && i < list->count(); ++i)
+            Key(step);
+    }
+    if (list->currentText() != text)
+        qFatal("%s offers no %s", qPrintable(list->objectName()), qPrintable(text));
+}
+
+void Press(QWidget* button) {
+    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 QStringList Items(const QComboBox* list) {
@@ -57,11 +102,11 @@ QString LastShown(const RecordingMessages& messages) {
 }
 
 void Controls::Press(const char* button) const {
-    Get<QPushButton>(button)->click();
+    test::Press(Get<QWidget>(button));
 }
 
 void Controls::Type(const char* field, const QString& text) const {
-    test::Type(Get<QLineEdit>(field), text);
+    test::Type(Get<QWidget>(field), text);
 }
 
 void Controls::Choose(const char* list, const QString& text) const {

@@ -58,9 +58,21 @@ private:
     QString name_;
 };
 
-// Replaces a field's text by typing, so the window sees a user's edit.
-void Type(QLineEdit* field, const QString& text);
+// A person's input, through the real path only: keys go to whatever has the keyboard
+// (QApplication::focusWidget()), the keyboard moves by a click into a text field or by Tab, and
+// buttons are pressed with the mouse. Nothing here sets a control's value or emits its signal.
+QWidget* Focused();
+void Keys(const QString& text);
+void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void Enter();
+// Gives the control the keyboard: a click into a text field, Tab through the window otherwise
+// (a click would open a list or press a button).
+void FocusOn(QWidget* control);
+// Replaces the text of a field or an editable list by selecting all of it and typing.
+void Type(QWidget* field, const QString& text);
+// Chooses a list's item by typing its text, as the keyboard search of a list does.
 void Choose(QComboBox* list, const QString& text);
+void Press(QWidget* button);
 QStringList Items(const QComboBox* list);
 QStringList Lines(const QListWidget* list);
 // The messages shown, each as kind letter + "-" + text.
