@@ -73,7 +73,10 @@ void Choose(QComboBox* list, const QString& text) {
 }
 
 void Press(QWidget* button) {
-    QTest::mouseClick(button, Qt::LeftButton);
+    // A tick box or option answers a click on its mark, not anywhere in its stretched width.
+    const bool marked = qobject_cast<QPushButton*>(button) == nullptr;
+    QTest::mouseClick(button, Qt::LeftButton, {},
+                      marked ? QPoint(6, button->height() / 2) : button->rect().center());
 }
 
 QStringList Items(const QComboBox* list) {
