@@ -57,13 +57,11 @@ void Type(QWidget* field, const QString& text) {
 }
 
 void Choose(QComboBox* list, const QString& text) {
-    if (list->isEditable()) {
-        Type(list, text);
-        return;
-    }
     FocusOn(list);
-    // A blank would open the list: the search goes as far as the first word.
-    Keys(text.section(' ', 0, 0));
+    // A blank would open the list: the search goes as far as the first word. An editable list
+    // takes typed text as a name, so its items are stepped through.
+    if (!list->isEditable())
+        Keys(text.section(' ', 0, 0));
     for (const Qt::Key step : {Qt::Key_Down, Qt::Key_Up}) {
         for (int i = 0; list->currentText() != text && i < list->count(); ++i)
             Key(step);

@@ -70,7 +70,7 @@ void Enter();
 void FocusOn(QWidget* control);
 // Replaces the text of a field or an editable list by selecting all of it and typing.
 void Type(QWidget* field, const QString& text);
-// Chooses a list's item by typing its text, as the keyboard search of a list does.
+// Chooses a list's item by the keyboard: its first word searched, then arrow keys.
 void Choose(QComboBox* list, const QString& text);
 void Press(QWidget* button);
 QStringList Items(const QComboBox* list);
