@@ -109,28 +109,6 @@ private slots:
         QVERIFY(messages->shown.empty());
     }
 
-    void choosingAKindListsItsActions_data() {
-        QTest::addColumn<KindChosen>("choice");
-        const QStringList raceResults = {"Series entrants / 0", "Sub-series entrants / 1"};
-        Row("none yet: race results", KindChosen{-1, 3, raceResults});
-        Row("entry list", KindChosen{0,
-                                     0,
-                                     {"Everyone / 2", "In a spreadsheet / 2", "As a web page / 2",
-                                      "Filed only / 2"}});
-        Row("class sheet", KindChosen{2, 2, {"Sheet / 0"}});
-        Row("a kind without actions", KindChosen{5, 5, {}});
-        Row("a free slot", KindChosen{1, 3, raceResults});
-    }
-    void choosingAKindListsItsActions() {
-        QFETCH(KindChosen, choice);
-        Open();
-        if (choice.kind >= 0)
-            QTest::mouseClick(Kind(choice.kind), Qt::LeftButton);
-        QVERIFY(Kind(choice.chosen)->isChecked());
-        QCOMPARE(Actions(), choice.actions);
-        QCOMPARE(c.Get<QListWidget>("SelAction")->currentRow(), choice.actions.isEmpty() ? -1 : 0);
-    }
-
     void okWritesTheReportAndOpensItWithTheActionsViewer_data() {
         QTest::addColumn<Written>("written");
         Row("browser", Written{0, "browser", true});

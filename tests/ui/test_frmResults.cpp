@@ -239,33 +239,6 @@ private slots:
         }
     }
 
-    void penaltyPlacesMustBeWholeButMinutesAndPercentNeedNot() {
-        Window w;
-        w.Open();
-        w.FindBoat("Alpha");
-        Keys("143512");
-        tb::test::Type(w.Get("tMins"), "1.5");
-        Enter();
-        Keys("1.5");
-        Enter();
-        Keys("1.5");
-        Enter();
-        QCOMPARE(Focused()->objectName(), QString("tNote"));
-        Enter();
-        QCOMPARE(w.Info(), QString("Penalty must be a whole number"));
-        QCOMPARE(Focused()->objectName(), QString("tPoints"));
-        tb::test::Type(w.Get("tPoints"), "x");
-        tb::test::Press(w.Get("cmdOK"));
-        QCOMPARE(w.Info(), QString("Penalty or redress value is invalid"));
-        tb::test::Type(w.Get("tPoints"), "-1");
-        tb::test::Type(w.Get("tNote"), " Redress for 12 ");
-        Enter();
-        QCOMPARE(w.Info(), QString("Result saved"));
-        QCOMPARE(w.Stored(w.alpha, "PenaltyMins") + w.Stored(w.alpha, "PenaltyPercent") +
-                     w.Stored(w.alpha, "PenaltyPoints") + "|" + w.Stored(w.alpha, "Notes"),
-                 std::string("1.51.5-1.0|Redress for 12"));
-    }
-
     void aBoatWithoutAClassIsListedButNotFoundNorSaved() {
         Window w;
         w.day.db.Exec("UPDATE Entrant SET Class=NULL WHERE Id=" + std::to_string(w.bravo));
@@ -313,24 +286,6 @@ private slots:
         Enter();
         QCOMPARE(w.Stored(w.bravo), std::string());
         QCOMPARE(w.Stored(w.bravo, "Status"), std::string("5"));
-    }
-
-    void unsavedChangesAreOfferedBeforeTheNextBoat() {
-        Window w;
-        w.Open();
-        w.FindBoat("Alpha");
-        Keys("143512");
-        w.messages.answers = {true};
-        w.FindBoat("Bravo");
-        QCOMPARE(w.messages.questions,
-                 std::vector<std::string>{"Do you want to save the changes?"});
-        QCOMPARE(w.messages.questionTitles, std::vector<std::string>{"Tallyboard"});
-        QCOMPARE(w.Stored(w.alpha), std::string("2005-06-12 14:35:12"));
-        Keys("3600");
-        w.messages.answers = {false};
-        w.FindBoat("Charlie");
-        QCOMPARE(w.Stored(w.bravo), std::string("<no row>"));
-        QCOMPARE(w.Get<QComboBox>("SelEntry")->currentData().toInt(), w.charlie);
     }
 
     void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow() {

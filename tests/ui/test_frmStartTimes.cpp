@@ -39,7 +39,6 @@ private slots:
         w.c.Type("tDate", "31/06/2005");
         w.EnterTime("1405");
         QCOMPARE(Shown(w.messages), QStringList({"E-Please enter a valid start time",
-                                                 "E-Please enter a valid start date",
                                                  "E-Please enter a valid start date"}));
         QCOMPARE(Focused()->objectName(), QString("tDate"));
         w.c.Type("tDate", "12/06/2005");

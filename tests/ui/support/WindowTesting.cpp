@@ -1,7 +1,9 @@
 #include "support/WindowTesting.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
+#include <QMap>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
@@ -75,6 +77,27 @@ void Press(QWidget* button) {
     const bool marked = qobject_cast<QPushButton*>(button) == nullptr;
     QTest::mouseClick(button, Qt::LeftButton, {},
                       marked ? QPoint(6, button->height() / 2) : button->rect().center());
+}
+
+QString SharedAccelerators(const QWidget& window) {
+    QMap<QChar, QStringList> users;
+    const auto note = [&users](QString caption) {
+        const int at = caption.replace("&&", "").indexOf('&');
+        if (at >= 0 && at + 1 < caption.size())
+            users[caption[at + 1].toLower()] << caption;
+    };
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+        note(button->text());
+    for (const auto* label : window.findChildren<QLabel*>())
+        note(label->text());
+    for (const auto* group : window.findChildren<QGroupBox*>())
+        note(group->title());
+    QString shared;
+    for (auto user = users.cbegin(); user != users.cend(); ++user) {
+        if (user->size() > 1)
+            shared += QString(user.key()) + ": " + user->join(", ") + "\n";
+    }
+    return shared;
 }
 
 QStringList Items(const QComboBox* list) {

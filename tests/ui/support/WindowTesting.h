@@ -80,6 +80,10 @@ QStringList Shown(const RecordingMessages& messages);
 // The text of the last message shown, without its kind; empty when none was shown.
 QString LastShown(const RecordingMessages& messages);
 
+// The accelerator letters (the "&" of captions) that more than one control of the window uses,
+// each as "letter: captions"; empty when every letter is unique.
+QString SharedAccelerators(const QWidget& window);
+
 // Acts on the controls of one window by name.
 struct Controls {
     const QObject* window;
