@@ -78,15 +78,6 @@ private slots:
         QCOMPARE(r->db.Count("Boat", "BoatName='Copy Cat' AND SailNo=78 AND Owner=1"), 1);
         QCOMPARE(c.Label("lInfo"), QString("Boat details saved"));
     }
-
-    void editsAreOfferedOnClosing() {
-        Open(1);
-        c.Type("tName", "Aquila II");
-        r->messages.answers = {true};
-        Key(Qt::Key_Escape);
-        QCOMPARE(r->messages.questions, Texts{"Do you want to save the changes?"});
-        QCOMPARE(r->db.Text("SELECT BoatName FROM Boat WHERE Id = 1"), std::string("Aquila II"));
-    }
 };
 
 QTEST_MAIN(BoatEditorTest)

@@ -239,24 +239,6 @@ private slots:
         }
     }
 
-    void aBoatWithoutAClassIsListedButNotFoundNorSaved() {
-        Window w;
-        w.day.db.Exec("UPDATE Entrant SET Class=NULL WHERE Id=" + std::to_string(w.bravo));
-        w.Open();
-        w.FindBoat("Bravo");
-        QCOMPARE(w.Info(), QString("Bravo is not entered in this race"));
-        QVERIFY(!w.Get("tTime")->isEnabled());
-        QCOMPARE(w.Get<QComboBox>("SelEntry")->lineEdit()->selectedText(), QString("Bravo"));
-        tb::test::Key(Qt::Key_Down);
-        tb::test::Key(Qt::Key_Down);
-        QVERIFY(w.Get<QComboBox>("SelEntry")->currentText().startsWith("Bravo"));
-        tb::test::Type(w.Get("tTime"), "143512");
-        Enter();
-        QCOMPARE(
-            w.Info(),
-            QString("This boat has not been assigned a class.  Please check the entry details"));
-    }
-
     void pickingTheShownBoatAgainAfterEditingItsTextBringsItsFieldsBack() {
         Window w;
         w.Open();

@@ -11,14 +11,6 @@
 using namespace tb;
 using namespace tb::test;
 
-namespace {
-
-struct BadBox {
-    QString box, text, message;
-};
-
-}  // namespace
-
 class ScoringEditorTest : public QObject {
     Q_OBJECT
 
@@ -34,9 +26,6 @@ class ScoringEditorTest : public QObject {
         for (int k = 0; k < 13; ++k)
             values << Box("tValue", k);
         return values;
-    }
-    void Type(const QString& box, const QString& text) const {
-        c.Type(box.toLatin1().constData(), text);
     }
 private slots:
     void init() {
@@ -63,32 +52,6 @@ private slots:
         club.reset();
     }
 
-    void everyBoxIsCheckedInOrder_data() {
-        QTest::addColumn<BadBox>("bad");
-        const QString points = "E-Please specify a valid number of points";
-        Row("empty place", BadBox{"tValue_0", "", points});
-        Row("empty DNC value", BadBox{"tValue_9", " ", points});
-        Row("text minimum", BadBox{"tValue_12", "min", points});
-        Row("races run", BadBox{"tRun_4", "four", "E-Please specify a valid number of races"});
-        Row("discards", BadBox{"tDiscards_3", "1x", "E-Please specify a valid number of dicards"});
-    }
-    void everyBoxIsCheckedInOrder() {
-        QFETCH(BadBox, bad);
-        ShowActive(*w);
-        Type(bad.box, bad.text);
-        Type("tValue_1", "two");
-        if (!bad.box.startsWith("tValue"))
-            Type("tValue_1", "2");
-        c.Press("cmdOK");
-        QCOMPARE(Shown(club->messages), QStringList{bad.message});
-        const bool laterThanTheSecond = bad.box == "tValue_9" || bad.box == "tValue_12";
-        QCOMPARE(QApplication::focusWidget()->objectName(),
-                 laterThanTheSecond ? "tValue_1" : bad.box);
-        QVERIFY(w->isVisible());
-        QCOMPARE(club->db.Count("Points", "Scoring = 2 AND Value = 4"), 1);
-    }
-
-    // Typing another system's name and leaving the box neither loads nor overwrites it.
     void anotherSystemsNameIsRefusedWhetherTheBoxIsLeftByTabOrByAClick() {
         const std::tuple<const char*, const char*, const char*> cases[] = {
             {"SelScoring", "Low points",

@@ -78,28 +78,6 @@ private slots:
             QStringList{QString("Class 2").leftJustified(32) + QString("Club").leftJustified(16)});
         QCOMPARE(s.db.Count("Class", "MinTCF IS NULL"), 1LL);
     }
-
-    void closingWithUnsavedEditsAndNoRaceAsksThenRefuses() {
-        SeriesWindow s;
-        const Controls c = s.Open();
-        c.Type("tName", "Summer 2002");
-        s.messages.answers = {false};
-        s.window->close();
-        QCOMPARE(s.messages.questions,
-                 std::vector<std::string>{"Do you want to save the changes?"});
-        QCOMPARE(s.messages.questionTitles, std::vector<std::string>{"Tallyboard"});
-        QCOMPARE(LastShown(s.messages),
-                 QString("There must be at least one race scheduled in the series"));
-        QVERIFY(s.window->isVisible());
-        QCOMPARE(s.db.Text("SELECT Title FROM Series"), std::string("Summer"));
-
-        s.messages.Clear();
-        c.Type("tName", "Summer 2002");
-        c.Press("cmdCancel");
-        QVERIFY(s.messages.questions.empty());
-        QVERIFY(s.messages.shown.empty());
-        QVERIFY(!s.window->isVisible());
-    }
 };
 
 QTEST_MAIN(TestSeriesEditor)

@@ -10,15 +10,6 @@
 
 namespace tb::test {
 
-int Club::Add(const std::string& insert) {
-    db.Exec(insert);
-    return static_cast<int>(db.raw().getLastInsertRowid());
-}
-
-std::string Club::Setting(const std::string& parameter) {
-    return db.Text("SELECT Value FROM Settings WHERE Parameter='" + parameter + "'");
-}
-
 CaseTrace::~CaseTrace() {
     if (QTest::currentTestFailed())
         qWarning("in case: %s", qPrintable(name_));
@@ -149,10 +140,6 @@ QString Controls::Label(const char* label) const {
     return Get<QLabel>(label)->text();
 }
 
-bool Controls::Enabled(const char* control) const {
-    return Get<QWidget>(control)->isEnabled();
-}
-
 void ShowActive(QWidget& window) {
     window.show();
     window.activateWindow();
@@ -172,12 +159,6 @@ TemporarySettingsStore::~TemporarySettingsStore() {
 
 void SettleEvents() {
     QTest::qWait(10);
-}
-
-void Screenshot(QWidget& window, const QString& name) {
-    const QString folder = qEnvironmentVariable("TALLYBOARD_SCREENSHOTS");
-    if (!folder.isEmpty())
-        window.grab().save(folder + "/" + name + ".png");
 }
 
 }  // namespace tb::test

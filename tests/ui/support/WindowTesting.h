@@ -27,10 +27,6 @@ T* Find(const QObject* window, const QString& name) {
 
 // A fresh database with the program's operations over it and its messages recorded.
 struct Club {
-    // Runs the insert and returns the new row's Id.
-    int Add(const std::string& insert);
-    std::string Setting(const std::string& parameter);
-
     TestDatabase db;
     clResults results;
     RecordingMessages messages;
@@ -97,7 +93,6 @@ struct Controls {
     QString Text(const char* field) const;
     QString Current(const char* list) const;
     QString Label(const char* label) const;
-    bool Enabled(const char* control) const;
 };
 
 // Shows the window and waits until it has the keyboard, as a user's window would.
@@ -125,8 +120,5 @@ public:
 
 // Lets queued work (the first activation of a window) run.
 void SettleEvents();
-
-// Saves a picture of the window into $TALLYBOARD_SCREENSHOTS/<name>.png when that is set.
-void Screenshot(QWidget& window, const QString& name);
 
 }  // namespace tb::test
