@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QTest>
+#include <filesystem>
 
 #include "app/Globals.h"
 #include "app/desktop/frmMain.h"
@@ -153,6 +154,69 @@ private slots:
         QCOMPARE(Listed("SelSeries"), QStringList({"Autumn Series", "Summer Series"}));
         QCOMPARE(main->CurrentSeriesId(), summer);
         QCOMPARE(Shown(*messages), opening.shown);
+    }
+
+    void anUnusableDataFileIsReportedOnce_data() {
+        QTest::addColumn<bool>("exists");
+        Row("missing", false);
+        Row("not a database", true);
+    }
+    void anUnusableDataFileIsReportedOnce() {
+        QFETCH(bool, exists);
+        const std::string path = db->folder() + "/later.db";
+        if (exists) {
+            SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+                .exec("CREATE TABLE Notes (Line TEXT)");
+        }
+        WriteStartupSetting(kDataFileKey, QString::fromStdString(path));
+
+        OpenMain();
+        const QStringList shown = Shown(*messages);
+        QCOMPARE(shown.size(), 1);
+        QVERIFY2(shown.front().startsWith("C-Error ") && shown.front().contains(" in ConnectDb"),
+                 qPrintable(shown.front()));
+        for (const char* list : {"SelYear", "SelSeries", "SelRace"})
+            QCOMPARE(c.Get<QComboBox>(list)->count(), 0);
+        QCOMPARE(main->windowTitle(), kTitleStart);
+        if (exists)
+            return;
+
+        // Once the file is there, the next window opened finds it.
+        QCOMPARE(CreateDatabase(path), std::string());
+        SQLite::Database(path, SQLite::OPEN_READWRITE)
+            .exec(
+                "INSERT INTO Series (Title) VALUES ('Summer Series');"
+                "INSERT INTO Settings (Parameter, Value) VALUES ('LastModified', '03 Jun 2026 "
+                "08:30')");
+        messages->Clear();
+        const NextModal boats;
+        c.Press("cmdBoats");
+        QCOMPARE(Shown(*messages), QStringList());
+        QCOMPARE(Listed("SelSeries"), QStringList({"Summer Series"}));
+        QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
+    }
+
+    // A fresh account starting an installed copy: a new database and the style sheets in the
+    // user's data folder, the settings pointed at the database, and no message at all.
+    void aFirstStartMakesTheUsersDatabaseWithoutAMessage() {
+        TempFolder root;
+        const std::string installed = root.path() + "/usr/share/tallyboard";
+        std::filesystem::create_directories(installed);
+        std::filesystem::copy(ProgramFolder() + "/Reports", installed + "/Reports");
+        SetProgramFolder(installed);
+        qputenv("XDG_DATA_HOME", QByteArray::fromStdString(root.path() + "/data"));
+        WriteStartupSetting(kDataFileKey, QString());
+
+        OpenMain();
+        SetProgramFolder("");
+        qunsetenv("XDG_DATA_HOME");
+        const std::string user = root.path() + "/data/Tallyboard/";
+        QCOMPARE(Shown(*messages), QStringList());
+        QCOMPARE(DataFile, user + "Tallyboard.db");
+        QCOMPARE(ReadStartupSetting(kDataFileKey).toStdString(), DataFile);
+        QCOMPARE(ReportPath, user + "Reports/");
+        QVERIFY(std::filesystem::is_regular_file(ReportPath + "results.xsl"));
+        QCOMPARE(main->windowTitle(), kTitleStart);
     }
 };
 
