@@ -12,6 +12,8 @@ const std::vector<Command>& Commands() {
         {"demo", Demo},
         {"races", Races},
         {"report", Report},
+        {"import", Import},
+        {"export", Export},
     };
     return commands;
 }
