@@ -20,7 +20,9 @@ constexpr std::size_t kHandicapType = 1, kHandicapTcf = 2, kHandicapFrom = 3, kH
 constexpr std::size_t kClassId = 0, kClassStarted = 7, kClassName = 8;
 constexpr std::size_t kResultClass = 1, kResultBoat = 2, kResultSailNo = 3, kResultHelm = 4,
                       kResultTcf = 5, kResultFinished = 6, kResultElapsed = 7, kResultCorrected = 8,
-                      kResultPoints = 9, kResultStatus = 10, kResultPos = 11, kResultNotes = 12;
+                      kResultPoints = 9, kResultStatus = 10, kResultPos = 11, kResultNotes = 12,
+                      kResultPenaltyMins = 13, kResultPenaltyPercent = 14,
+                      kResultPenaltyPlaces = 15;
 constexpr std::size_t kStandingClassName = 1, kStandingBoatId = 2, kStandingBoat = 3,
                       kStandingSailNo = 4, kStandingRaceDate = 5, kStandingRaceName = 6,
                       kStandingPoints = 7, kStandingTotal = 8, kStandingPos = 9;
@@ -37,8 +39,10 @@ std::vector<std::string> ColumnNames(CsvKind kind) {
         case CsvKind::Handicaps:
             return {"Sail No", "Handicap type", "TCF", "Effective from", "Expires"};
         case CsvKind::Results:
-            return {"Class",  "Position", "Boat",      "Sail No", "Helm",   "TCF",  "Start",
-                    "Finish", "Elapsed",  "Corrected", "Points",  "Status", "Notes"};
+            return {"Class",         "Position", "Boat",   "Sail No",         "Helm",
+                    "TCF",           "Start",    "Finish", "Elapsed",         "Corrected",
+                    "Points",        "Status",   "Notes",  "Penalty minutes", "Penalty percent",
+                    "Penalty places"};
         default: {
             std::vector<std::string> names;
             for (const CsvColumn& column : ImportColumns(kind))
@@ -115,13 +119,15 @@ std::string RaceResultsCsv(clResults& db, int raceId, std::string& csv) {
         classRow[classes(kClassId, c).AsInt()] = c;
     for (std::size_t r = 0; Msg.empty() && r < boats.Rows(); ++r) {
         const std::size_t c = classRow[boats(kResultClass, r).AsInt()];
-        csv += CsvLine({Cell(classes(kClassName, c)), Cell(boats(kResultPos, r)),
-                        Cell(boats(kResultBoat, r)), Cell(boats(kResultSailNo, r)),
-                        Cell(boats(kResultHelm, r)), Format(boats(kResultTcf, r), "0.000"),
-                        Cell(classes(kClassStarted, c)), Cell(boats(kResultFinished, r)),
-                        Cell(boats(kResultElapsed, r)), Cell(boats(kResultCorrected, r)),
-                        Cell(boats(kResultPoints, r)), Cell(boats(kResultStatus, r)),
-                        Cell(boats(kResultNotes, r))});
+        csv +=
+            CsvLine({Cell(classes(kClassName, c)), Cell(boats(kResultPos, r)),
+                     Cell(boats(kResultBoat, r)), Cell(boats(kResultSailNo, r)),
+                     Cell(boats(kResultHelm, r)), Format(boats(kResultTcf, r), "0.000"),
+                     Cell(classes(kClassStarted, c)), Cell(boats(kResultFinished, r)),
+                     Cell(boats(kResultElapsed, r)), Cell(boats(kResultCorrected, r)),
+                     Cell(boats(kResultPoints, r)), Cell(boats(kResultStatus, r)),
+                     Cell(boats(kResultNotes, r)), Cell(boats(kResultPenaltyMins, r)),
+                     Cell(boats(kResultPenaltyPercent, r)), Cell(boats(kResultPenaltyPlaces, r))});
     }
     return Msg;
 }

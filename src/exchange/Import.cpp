@@ -41,17 +41,23 @@ std::string Lower(std::string text) {
     return text;
 }
 
-// Added, updated and skipped records of one kind, kept in the order the kinds were met.
+// Added, updated and skipped records of each kind.
 class Counts {
 public:
     void Add(const char* kind) { Of(kind)[0]++; }
     void Update(const char* kind) { Of(kind)[1]++; }
     void Skip(const char* kind) { Of(kind)[2]++; }
+    // In the order the register builds up: people and models before the boats that name them.
     std::string Summary() const {
         std::string text;
-        for (const auto& [kind, n] : counts_) {
-            text += kind + ": " + std::to_string(n[0]) + " added, " + std::to_string(n[1]) +
-                    " updated, " + std::to_string(n[2]) + " skipped\n";
+        for (const char* kind :
+             {"people", "models", "boats", "handicap types", "handicaps", "finishes"}) {
+            for (const auto& [name, n] : counts_) {
+                if (name == kind) {
+                    text += name + ": " + std::to_string(n[0]) + " added, " + std::to_string(n[1]) +
+                            " updated, " + std::to_string(n[2]) + " skipped\n";
+                }
+            }
         }
         return text;
     }

@@ -32,6 +32,7 @@ public:
               std::vector<std::string>& problems)
         : columns_(ImportColumns(kind)),
           match_(MatchColumns(kind, table.Header)),
+          header_(table.Header),
           file_(file),
           problems_(problems) {
         for (const std::string& name : match_.Doubled)
@@ -53,8 +54,11 @@ public:
         return field < 0 ? std::string() : Trimmed(row.Fields[static_cast<std::size_t>(field)]);
     }
 
+    // Names the column as the file's header does.
     void Problem(const CsvRow& row, const char* column, const std::string& text) {
-        problems_.push_back(ProblemPlace(file_, row.Number, column) + text);
+        const int field = match_.FieldOf[Index(column)];
+        const std::string name = field < 0 ? column : header_[static_cast<std::size_t>(field)];
+        problems_.push_back(ProblemPlace(file_, row.Number, name) + text);
     }
 
 private:
@@ -68,6 +72,7 @@ private:
 
     const std::vector<CsvColumn>& columns_;
     ColumnMatch match_;
+    const std::vector<std::string>& header_;
     const std::string& file_;
     std::vector<std::string>& problems_;
 };
@@ -177,7 +182,7 @@ void CheckBoats(RowReader& in, const CsvTable& table, std::vector<BoatRow>& out)
                        "the digits of the sail number make more than 2147483647");
         else if (boat.Model.empty())
             in.Problem(row, "Model", "Please specify the model of boat");
-        else if (boat.Owner.Lastname.empty())
+        else if (boat.Owner.Firstname.empty() || boat.Owner.Lastname.empty())
             in.Problem(row, "Owner", "Please specify the owner");
         else if (const auto [it, added] = seen.emplace(Lower(boat.FullSailNo), row.Number); !added)
             in.Problem(row, SailColumn(in),
@@ -229,9 +234,10 @@ void CheckHandicaps(RowReader& in, const CsvTable& table, std::vector<HandicapRo
     }
 }
 
-// A finish "hh:mm:ss" or "hhmmss", optionally after a date: "12/06/2026 14:35:12".
+// A finish "hh:mm:ss" or "hhmmss", optionally after a date: "12/06/2026 14:35:12"; "-" or
+// nothing is no time taken.
 bool ReadFinish(const std::string& text, FinishRow& finish) {
-    if (text.empty())
+    if (text.empty() || text == "-")
         return true;
     const auto blank = text.find_last_of(" T");
     if (blank == std::string::npos) {
@@ -293,7 +299,7 @@ void CheckFinishes(RowReader& in, const CsvTable& table, std::vector<FinishRow>&
 
 PersonName SplitPersonName(const std::string& name) {
     const std::string text = Trimmed(name);
-    const auto comma = text.find(',');
+    const auto comma = text.rfind(',');
     if (comma != std::string::npos)
         return {Trimmed(text.substr(comma + 1)), Trimmed(text.substr(0, comma))};
     const auto blank = text.find_last_of(' ');

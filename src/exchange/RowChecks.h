@@ -65,7 +65,8 @@ struct ImportRows {
     std::vector<FinishRow> Finishes;
 };
 
-// "Smith, Anna" and "Anna Smith" are both Anna Smith; a single word is a family name.
+// "Smith, Anna" and "Anna Smith" are both Anna Smith (the last comma or the last blank divides
+// them); a single word is a family name.
 PersonName SplitPersonName(const std::string& name);
 
 // Where a problem is: "clubs.csv row 4, column Surname: ".
