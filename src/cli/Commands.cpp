@@ -8,12 +8,8 @@ namespace tb::cli {
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        {"createdb", CreateDb},
-        {"demo", Demo},
-        {"races", Races},
-        {"report", Report},
-        {"import", Import},
-        {"export", Export},
+        {"createdb", CreateDb}, {"demo", Demo},     {"races", Races},
+        {"report", Report},     {"import", Import}, {"export", Export},
     };
     return commands;
 }
