@@ -1,10 +1,10 @@
 #include "cli/ExchangeCommands.h"
 
-#include <charconv>
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <optional>
+#include <memory>
 
 #include "app/Globals.h"
 #include "cli/Commands.h"
@@ -14,57 +14,35 @@ namespace tb::cli {
 
 namespace {
 
-struct ExchangeArgs {
-    std::optional<CsvKind> kind;
-    std::string file, data, output;
-    std::optional<int> race;
+struct ExchangeRequest {
+    std::string kind, file, data, output;
+    int race = 0;
     bool update = false;
 };
 
-// Positional kind (and file for an import), then options; nullopt after explaining what is wrong.
-std::optional<ExchangeArgs> Parse(const std::vector<std::string>& args, bool importing) {
-    ExchangeArgs parsed;
-    std::size_t i = 0;
-    if (i < args.size() && !args[i].starts_with("-"))
-        parsed.kind = CsvKindNamed(args[i++]);
-    if (importing && i < args.size() && !args[i].starts_with("-"))
-        parsed.file = args[i++];
-    if (!parsed.kind || (importing && parsed.file.empty()))
-        return std::nullopt;
-    for (; i < args.size(); ++i) {
-        const std::string& name = args[i];
-        if (name == "--update" && importing) {
-            parsed.update = true;
-            continue;
-        }
-        if (i + 1 >= args.size())
-            return std::nullopt;
-        const std::string& value = args[++i];
-        if (name == "--data") {
-            parsed.data = value;
-        } else if (name == "-o" && !importing) {
-            parsed.output = value;
-        } else if (name == "--race") {
-            int race = 0;
-            const auto [end, ec] = std::from_chars(value.data(), value.data() + value.size(), race);
-            if (ec != std::errc() || end != value.data() + value.size() || race < 1) {
-                std::cerr << "--race: expects a whole number\n";
-                return std::nullopt;
-            }
-            parsed.race = race;
-        } else {
-            return std::nullopt;
-        }
-    }
-    const bool needsRace = *parsed.kind == CsvKind::Finishes || *parsed.kind == CsvKind::Results ||
-                           *parsed.kind == CsvKind::Standings;
-    if (parsed.data.empty() || needsRace != parsed.race.has_value())
-        return std::nullopt;
-    const bool readable = IsRegisterKind(*parsed.kind) || *parsed.kind == CsvKind::Finishes;
-    const bool writable = *parsed.kind != CsvKind::Finishes;
-    if (importing ? !readable : !writable)
-        return std::nullopt;
-    return parsed;
+CLI::Validator KindOf(const std::vector<CsvKind>& kinds) {
+    std::string names;
+    for (const CsvKind kind : kinds)
+        names += std::string(names.empty() ? "" : "|") + CsvKindName(kind);
+    return CLI::Validator(
+        [kinds, names](std::string& text) {
+            const auto kind = CsvKindNamed(text);
+            return kind && std::find(kinds.begin(), kinds.end(), *kind) != kinds.end()
+                       ? std::string()
+                       : "expects one of " + names;
+        },
+        names);
+}
+
+// Finishes, results and standings belong to a race; the register does not.
+bool RaceGivenAsNeeded(CsvKind kind, int race) {
+    const bool needsRace =
+        kind == CsvKind::Finishes || kind == CsvKind::Results || kind == CsvKind::Standings;
+    if (needsRace == (race > 0))
+        return true;
+    std::cerr << "--race: " << (needsRace ? "is needed for " : "is not taken by ")
+              << CsvKindName(kind) << '\n';
+    return false;
 }
 
 }  // namespace
@@ -78,7 +56,7 @@ int ImportFile(const std::string& dataFile, CsvKind kind, const std::string& fil
     if (!Msg.empty())
         return Fail(Msg);
     std::cout << report.Summary;
-    return 0;
+    return kDone;
 }
 
 int ExportFile(const std::string& dataFile, CsvKind kind, int raceId, const std::string& output) {
@@ -90,7 +68,7 @@ int ExportFile(const std::string& dataFile, CsvKind kind, int raceId, const std:
         return Fail(Msg);
     if (output.empty()) {
         std::cout << csv;
-        return 0;
+        return kDone;
     }
     // Written beside the target and renamed into place, so a failure leaves no half file.
     const std::string partial = output + ".part";
@@ -101,22 +79,56 @@ int ExportFile(const std::string& dataFile, CsvKind kind, int raceId, const std:
         std::remove(partial.c_str());
         return Fail("E-The file " + output + " cannot be written");
     }
-    return 0;
+    return kDone;
 }
 
-int Import(const std::vector<std::string>& args) {
-    const auto parsed = Parse(args, true);
-    if (!parsed)
-        return Usage();
-    return ImportFile(parsed->data, *parsed->kind, parsed->file, parsed->update,
-                      parsed->race.value_or(0));
+void AddImportCommand(CLI::App& app, int& status) {
+    CLI::App* command = app.add_subcommand(
+        "import",
+        "Reads a CSV file into the register (people, models, boats, handicaps) or a race's "
+        "finishes. The whole file is checked first: any problem is shown with its row and "
+        "column, and then nothing is imported. Prints what was added, updated and skipped.");
+    auto request = std::make_shared<ExchangeRequest>();
+    command->add_option("kind", request->kind, "What the file holds")
+        ->required()
+        ->check(KindOf({CsvKind::People, CsvKind::Models, CsvKind::Boats, CsvKind::Handicaps,
+                        CsvKind::Finishes}));
+    command->add_option("file", request->file, "The CSV file")->required();
+    command->add_option("--data", request->data, "The results database")->required();
+    command->add_flag("--update", request->update,
+                      "Update records that exist already instead of skipping them");
+    command->add_option("--race", request->race, "The race of the finishes")
+        ->check(WholeNumber());
+    command->callback([&status, request] {
+        const CsvKind kind = *CsvKindNamed(request->kind);
+        status =
+            RaceGivenAsNeeded(kind, request->race)
+                ? ImportFile(request->data, kind, request->file, request->update, request->race)
+                : kWrongArguments;
+    });
 }
 
-int Export(const std::vector<std::string>& args) {
-    const auto parsed = Parse(args, false);
-    if (!parsed)
-        return Usage();
-    return ExportFile(parsed->data, *parsed->kind, parsed->race.value_or(0), parsed->output);
+void AddExportCommand(CLI::App& app, int& status) {
+    CLI::App* command = app.add_subcommand(
+        "export",
+        "Writes the register (people, models, boats, handicaps) in the columns the import "
+        "reads, or a race's results or its series' standings, as CSV in UTF-8.");
+    auto request = std::make_shared<ExchangeRequest>();
+    command->add_option("kind", request->kind, "What to write")
+        ->required()
+        ->check(KindOf({CsvKind::People, CsvKind::Models, CsvKind::Boats, CsvKind::Handicaps,
+                        CsvKind::Results, CsvKind::Standings}));
+    command->add_option("--data", request->data, "The results database")->required();
+    command->add_option("--race", request->race, "The race of the results or standings")
+        ->check(WholeNumber());
+    command->add_option("-o,--output", request->output,
+                        "The file to write (standard output when not given)");
+    command->callback([&status, request] {
+        const CsvKind kind = *CsvKindNamed(request->kind);
+        status = RaceGivenAsNeeded(kind, request->race)
+                     ? ExportFile(request->data, kind, request->race, request->output)
+                     : kWrongArguments;
+    });
 }
 
 }  // namespace tb::cli
