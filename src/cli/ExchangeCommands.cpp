@@ -97,8 +97,7 @@ void AddImportCommand(CLI::App& app, int& status) {
     command->add_option("--data", request->data, "The results database")->required();
     command->add_flag("--update", request->update,
                       "Update records that exist already instead of skipping them");
-    command->add_option("--race", request->race, "The race of the finishes")
-        ->check(WholeNumber());
+    command->add_option("--race", request->race, "The race of the finishes")->check(WholeNumber());
     command->callback([&status, request] {
         const CsvKind kind = *CsvKindNamed(request->kind);
         status =
