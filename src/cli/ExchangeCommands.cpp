@@ -1,8 +1,6 @@
 #include "cli/ExchangeCommands.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
-#include <fstream>
 #include <iostream>
 #include <memory>
 
@@ -70,16 +68,8 @@ int ExportFile(const std::string& dataFile, CsvKind kind, int raceId, const std:
         std::cout << csv;
         return kDone;
     }
-    // Written beside the target and renamed into place, so a failure leaves no half file.
-    const std::string partial = output + ".part";
-    std::ofstream out(partial, std::ios::binary | std::ios::trunc);
-    out << csv;
-    out.close();
-    if (!out || std::rename(partial.c_str(), output.c_str()) != 0) {
-        std::remove(partial.c_str());
-        return Fail("E-The file " + output + " cannot be written");
-    }
-    return kDone;
+    const std::string written = WriteCsvFile(output, csv);
+    return written.empty() ? kDone : Fail(written);
 }
 
 void AddImportCommand(CLI::App& app, int& status) {

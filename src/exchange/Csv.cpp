@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdio>
+#include <fstream>
 
 namespace tb {
 
@@ -191,6 +193,18 @@ std::string CsvLine(const std::vector<std::string>& fields) {
         line += quoted;
     }
     return line + "\r\n";
+}
+
+std::string WriteCsvFile(const std::string& path, const std::string& csv) {
+    const std::string partial = path + ".part";
+    std::ofstream out(partial, std::ios::binary | std::ios::trunc);
+    out << csv;
+    out.close();
+    if (!out || std::rename(partial.c_str(), path.c_str()) != 0) {
+        std::remove(partial.c_str());
+        return "E-The file " + path + " cannot be written";
+    }
+    return {};
 }
 
 }  // namespace tb

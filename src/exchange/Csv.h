@@ -37,4 +37,8 @@ std::string ToUtf8(std::string_view bytes);
 std::string CsvLine(const std::vector<std::string>& fields);
 inline constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
 
+// Writes the text beside the file and renames it into place, so that a failure leaves no half
+// written file; the message names the file when it cannot be written.
+std::string WriteCsvFile(const std::string& path, const std::string& csv);
+
 }  // namespace tb
