@@ -92,7 +92,9 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
     auto* fileRow = new QHBoxLayout;
     fileRow->addWidget(tFile);
     fileRow->addWidget(cmdBrowse);
-    form->addRow("&File", fileRow);
+    auto* fileLabel = new QLabel("&File", this);
+    fileLabel->setBuddy(tFile);
+    form->addRow(fileLabel, fileRow);
     form->addRow("", cUpdate);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(lInfo, 1);
