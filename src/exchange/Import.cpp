@@ -4,7 +4,6 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <sstream>
 
 #include <SQLiteCpp/Database.h>
 
@@ -108,9 +107,10 @@ std::string clResults::Import(CsvKind Kind, const std::string& FilePath, bool Up
     std::ifstream in(FilePath, std::ios::binary);
     if (!in)
         return "E-The file " + FilePath + " cannot be read";
-    std::ostringstream whole;
-    whole << in.rdbuf();
-    const std::string bytes = whole.str();
+    // Read no more than the reader takes, plus one byte so that a larger file is told so.
+    std::string bytes(kMaxCsvBytes + 1, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
     CsvTable table;
     if (const std::string problem = ReadCsv(bytes, table); !problem.empty()) {
         Report.Problems.push_back(file + ": " + problem);
