@@ -59,7 +59,6 @@ private slots:
         QCOMPARE(c.Get<QTableWidget>("listPreview")->item(1, 0)->text(), QString("Tern, the"));
         QVERIFY(Lines(c.Get<QListWidget>("listProblems")).isEmpty());
         QCOMPARE(club.db.Count("Boat"), 0);
-        Screenshot(window, "frmImportExport");
 
         QTest::mouseClick(c.Get<QPushButton>("cmdImport"), Qt::LeftButton);
         QCOMPARE(club.db.Count("Boat"), 4);
