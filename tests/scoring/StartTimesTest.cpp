@@ -13,24 +13,7 @@ namespace {
 
 class StartTimesTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        db.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
-        db.Exec(
-            "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Summer', 1, 1),"
-            " (2, 'Winter', 1, 1)");
-        db.Exec(
-            "INSERT INTO Schedule (Id, Series, RaceName, RaceDate) VALUES "
-            "(10, 1, 'Race 1', '2005-06-12 00:00:00'), (11, 1, 'Race 2', '2005-06-19 00:00:00')");
-        // Inserted out of name order, so that the order by name is seen.
-        db.Exec(
-            "INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES "
-            "(1, 1, 'Keelboats', 1), (2, 1, 'Dinghies', 1), (3, 2, 'Winter fleet', 1)");
-        db.Exec(
-            "INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo) VALUES (1, 'Alpha', 'X 1', 1), "
-            "(2, 'Bravo', 'X 2', 2)");
-        db.Exec(
-            "INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (5, 1, 1, 1), (6, 1, 2, NULL)");
-    }
+    void SetUp() override { db.Exec(test::DataFile("scoring/start-times.sql")); }
 
     test::TestDatabase db;
     clResults results;
