@@ -16,35 +16,7 @@ namespace {
 
 class ResultRecordingTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        db.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
-        db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Summer', 1, 1)");
-        db.Exec(
-            "INSERT INTO Schedule (Id, Series, RaceName, RaceDate) VALUES "
-            "(10, 1, 'Race 1', '2005-06-12 00:00:00'), (11, 1, 'Race 2', '2005-06-19 00:00:00')");
-        db.Exec(
-            "INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES "
-            "(1, 1, 'Class 1', 1), (2, 1, 'Class 2', 1)");
-        AddBoat(1, "Blue Moon", "GBR 1234", 1234, 1);
-        AddBoat(2, "Alpha", "IRL 1234", 1234, 2);
-        AddBoat(3, "Bluebird", "GBR 77", 77, 1);
-        AddBoat(4, "Dark Blue", "GBR 8", 8, 1);
-        AddBoat(5, "O'Neil's Pride", "GBR 9", 9, 2);
-        AddBoat(6, "Blue_Fin", "GBR 10", 10, 2);
-        AddBoat(7, "Bluewater", "GBR 11", 11, 2, false);  // entered in the series, not the race
-    }
-
-    void AddBoat(int id, const std::string& name, const std::string& fullSailNo, int sailNo,
-                 int classId, bool inRace = true) {
-        const std::string n = std::to_string(id);
-        db.Insert("INSERT INTO Boat (Id, SailNo, BoatName, FullSailNo) VALUES (" + n + ", " +
-                      std::to_string(sailNo) + ", ?1, ?2)",
-                  {name, fullSailNo});
-        db.Exec("INSERT INTO Entrant (Id, Series, Boat, Class) VALUES (" + n + ", 1, " + n + ", " +
-                std::to_string(classId) + ")");
-        if (inRace)
-            db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (" + n + ", 10)");
-    }
+    void SetUp() override { db.Exec(test::DataFile("scoring/result-recording.sql")); }
 
     std::string Column(const std::string& column, int entrant = 1, int race = 10) {
         return db.Text("SELECT " + column + " FROM Results WHERE Entrant=" +
