@@ -72,25 +72,13 @@ TEST_F(ReportXmlTest, EveryReportKindIsWrittenExactly) {
 
 TEST_F(ReportXmlTest, TitlesFollowTheEntrantSelectionAndTheReportKind) {
     db.Exec("UPDATE Discards SET RacesRun = 4 WHERE RacesRun = 2");  // no discards yet
-    struct Case {
-        char letter;
-        int option;
-        const char* firstClass;
-    };
     // The sub-series selection is named in the header; the others are in the fixed texts.
     EXPECT_NE(Xml('R', 1).find(R"( ReportType="RaceResults" Entrants="SubSeries">)"),
               std::string::npos);
-    const Case cases[] = {
-        {'R', 1, R"(Title="Evenings" SubTitle="")"},
-        {'S', 1, R"(Title="Evenings points overall" SubTitle="")"},
-        {'B', 1, R"(Title="Evenings" SubTitle="Evenings points overall")"},
-        {'S', 2, R"(Title=" Points overall" SubTitle="")"},
-        {'B', 0, R"(Title="Series entrants" SubTitle="Series entrants overall results")"},
-    };
-    for (const Case& c : cases) {
-        const std::string xml = Xml(c.letter, c.option);
-        EXPECT_NE(xml.find(std::string(R"(href="class1" )") + c.firstClass), std::string::npos)
-            << c.letter << c.option << "\n"
+    for (const auto& row : test::DataFileRows("reports/class-titles.tsv")) {
+        const std::string xml = Xml(row.at(0).at(0), std::stoi(row.at(1)));
+        EXPECT_NE(xml.find(R"(href="class1" )" + row.at(2)), std::string::npos)
+            << row.at(0) << row.at(1) << "\n"
             << xml;
     }
 }
@@ -168,15 +156,8 @@ TEST(ReportXmlRules, PenaltyNotes) {
 }
 
 TEST(ReportXmlRules, ClassLinksComeFromTheSeventhCharacter) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"Class 2", "class2"}, {"Class 4 fast", "class4"},
-        {"Clåss 3", "class3"}, {"Class 5", ""},
-        {"Class 0", ""},       {"Multihull", "classmultihulls"},
-        {"Fleet", ""},         {"Class ", ""},
-        {"Dinghies", ""},
-    };
-    for (const auto& [name, link] : cases)
-        EXPECT_EQ(ClassLink(name), link) << name;
+    for (const auto& row : test::DataFileRows("reports/class-links.tsv"))
+        EXPECT_EQ(ClassLink(row.at(0)), row.size() > 1 ? row[1] : "") << row.at(0);
 }
 
 }  // namespace
