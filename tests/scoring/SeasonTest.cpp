@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
+#include <string>
 
 #include "data/clResults.h"
 #include "scoring/SeasonBuilder.h"
@@ -47,41 +49,18 @@ protected:
             season.Start(race[i], classA, i != 3);  // class A did not start in race 4
             season.Start(race[i], classB);
         }
-        // Race 1. A: 1 Alpha, 2 Bravo, 3 Charlie, Delta DNF. B: Echo and Foxtrot tie, Golf DNF.
-        season.Finish(race[0], a1, 3600);
-        season.Finish(race[0], a2, 3700);
-        season.Finish(race[0], a3, 3800);
-        season.Status(race[0], a4, 4);
-        season.Finish(race[0], b1, 3600);
-        season.Finish(race[0], b2, 3600);
-        season.Status(race[0], b3, 4);
-        // Race 2. Bravo 3600 + 10% = 3960; Charlie 3500 + 5 minutes = 3800.
-        season.Finish(race[1], a1, 3650);
-        season.Finish(race[1], a2, 3600, "PenaltyPercent=10");
-        season.Finish(race[1], a3, 3500, "PenaltyMins=5");
-        season.Finish(race[1], a4, 3700);
-        season.Finish(race[1], b1, 3700);
-        season.Finish(race[1], b2, 3650);
-        // Race 3: Alpha and Bravo tie for first.
-        season.Finish(race[2], a1, 3600);
-        season.Finish(race[2], a2, 3600);
-        season.Finish(race[2], a3, 3700);
-        season.Finish(race[2], a4, 3800);
-        season.Finish(race[2], b1, 3600);
-        season.Finish(race[2], b2, 3700);
-        season.Finish(race[2], b3, 3800);
-        // Race 4: class A did not start; Foxtrot DNS.
-        season.Finish(race[3], b1, 3600);
-        season.Status(race[3], b2, 5);
-        season.Finish(race[3], b3, 3500);
-        // Race 5: Alpha 2 penalty places, Bravo DNE (never discarded), Delta 1 place redress.
-        season.Finish(race[4], a1, 3900, "PenaltyPoints=2");
-        season.Status(race[4], a2, 3);
-        season.Finish(race[4], a3, 3500);
-        season.Finish(race[4], a4, 3700, "PenaltyPoints=-1");
-        season.Finish(race[4], b1, 3800);
-        season.Finish(race[4], b2, 3600);
-        season.Finish(race[4], b3, 3700);
+        // The finishes and statuses of the five races, with the working in the file.
+        const std::map<std::string, int> byName = {{"Alpha", a1}, {"Bravo", a2}, {"Charlie", a3},
+                                                   {"Delta", a4}, {"Echo", b1},  {"Foxtrot", b2},
+                                                   {"Golf", b3}};
+        for (const auto& row : test::DataFileRows("scoring/season-finishes.tsv")) {
+            const int raceId = race[std::stoi(row.at(0)) - 1];
+            const int entrant = byName.at(row.at(1));
+            if (row.at(2).starts_with("status "))
+                season.Status(raceId, entrant, std::stoi(row.at(2).substr(7)));
+            else
+                season.Finish(raceId, entrant, std::stoi(row.at(2)), row.size() > 3 ? row[3] : "");
+        }
     }
 
     // As a club does it: each race's report was made on its evening, which timed that race.
