@@ -7,7 +7,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <map>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,6 +17,7 @@
 #include "data/clResults.h"
 #include "reports/ReportFixture.h"
 #include "support/Browser.h"
+#include "support/Checks.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -153,30 +156,14 @@ TEST_F(HostileText, IsStoredAsTypedAndEveryReportShowsIt) {
         "");
     ASSERT_EQ(results.PutResult(race, second, "111500", "01 Jun 2026", 9, "", "", "", kLong), "");
 
-    struct Stored {
-        const char* sql;
+    const std::map<std::string, std::string> named = {
+        {"marks", kMarks}, {"letters", kLetters}, {"breaks", kBreaks}, {"long", kLong}, {"|", "|"}};
+    for (const auto& row : test::DataFileRows("reports/hostile-stored.tsv")) {
         std::string typed;
-    };
-    for (const Stored& s : std::vector<Stored>{
-             {"SELECT Value FROM Settings WHERE Parameter = 'Header'", kMarks},
-             {"SELECT Value FROM Settings WHERE Parameter = 'Comment'", kBreaks},
-             {"SELECT Value FROM Settings WHERE Parameter = 'Footnote'", kLetters},
-             {"SELECT Description FROM HandicapType WHERE Id = (SELECT max(Id) FROM HandicapType)",
-              kMarks + kLetters},
-             {"SELECT Model FROM BoatType WHERE Id = (SELECT max(Id) FROM BoatType)", kLong},
-             {"SELECT Title || '|' || SubseriesTitle FROM Series", kMarks + "|" + kLetters},
-             {"SELECT ClassName FROM Class", kMarks + kLetters},
-             {"SELECT RaceName || '|' || Reference FROM Schedule", kBreaks + "|" + kMarks},
-             {"SELECT group_concat(BoatName, '|') FROM Boat", kMarks + "|" + kLong},
-             {"SELECT Firstname || Lastname || Address1 || Address2 || City || EmailAddress "
-              "FROM People ORDER BY Id LIMIT 1",
-              kLetters + kMarks + kBreaks + kLetters + kLong + kMarks},
-             {"SELECT max(NameOnResults) FROM Entrant", kLong},
-             {"SELECT max(TopNote) FROM Start", kLetters},
-             {"SELECT group_concat(Notes, '|') FROM Results ORDER BY Id",
-              kMarks + kBreaks + "|" + kLong},
-         }) {
-        EXPECT_EQ(db.Text(s.sql), s.typed) << s.sql;
+        std::istringstream words(row.at(1));
+        for (std::string word; words >> word;)
+            typed += named.at(word);
+        EXPECT_EQ(db.Text(row.at(0)), typed) << row.at(0);
     }
 
     std::string xmlPath;
