@@ -47,25 +47,17 @@ TEST_F(InitialisationFileTest, TakesActionLinesApartWhateverTheSpacingAndLineEnd
 
 // Each malformed line stops the reading with its trimmed text; what came before stays.
 TEST_F(InitialisationFileTest, MalformedLinesAreNamed) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"A,B=x,y,1,1", "comma inside the caption"},
-        {"Results=a.xsl,,out.htm,1", "missing second digit"},
-        {"Results=a.xsl,,out.htm,1,", "separator without digit"},
-        {"Results=a.xsl,out.htm,1,1", "too few commas"},
-        {"Results a.xsl,,out.htm,1,1", "no equals sign"},
-        {"Results=a.xsl,,out.htm,x,1", "letter for the option"},
-        {"Results=a.xsl,,out.htm,1,1,", "no problem: trailing text ignored"},
-    };
-    for (const auto& [line, why] : cases) {
-        SCOPED_TRACE(why);
+    for (const auto& row : test::DataFileRows("app/malformed-lines.tsv")) {
+        const std::string& line = row.at(0);
+        SCOPED_TRACE(row.at(1));
         clResults fresh;
-        Write(std::string("[Kept]\nGood=g.xsl,,,0,1\n  ") + line + "  \n[Never]\n");
+        Write("[Kept]\nGood=g.xsl,,,0,1\n  " + line + "  \n[Never]\n");
         const std::string Msg = fresh.GetInitialisationInfo();
-        if (std::string(why).starts_with("no problem")) {
+        if (row.at(1).starts_with("no problem")) {
             EXPECT_EQ(Msg, "");
             continue;
         }
-        EXPECT_EQ(Msg, std::string("E-Error in initialisation file entry: ") + line);
+        EXPECT_EQ(Msg, "E-Error in initialisation file entry: " + line);
         EXPECT_EQ(Section(fresh, 0), (std::vector<std::string>{"Kept", "Good|g.xsl|||0|1"}));
         EXPECT_EQ(fresh.ReportMenu()[1].Title, "");
     }
