@@ -8,10 +8,8 @@ namespace tb::cli {
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        {"createdb", CreateDb},
-        {"demo", Demo},
-        {"races", Races},
-        {"report", Report},
+        {"createdb", CreateDb}, {"demo", Demo},     {"import", Import},
+        {"races", Races},       {"report", Report},
     };
     return commands;
 }

@@ -15,6 +15,7 @@ inline constexpr const char* kUsage =
     "usage: tallyboard-cli createdb FILE\n"
     "       tallyboard-cli demo FILE [--boats N] [--races N] [--classes N] [--seed N]\n"
     "       tallyboard-cli races --data FILE\n"
+    "       tallyboard-cli import series FILE.blw --data FILE\n"
     "       tallyboard-cli report --data FILE --reports DIR [--ini FILE] --race ID\n"
     "                             --kind E|A|C|R|S|B [--action N]\n"
     "  report kinds: E entry list by handicap, A entry list by sail number, C class sheet,\n"
@@ -32,6 +33,11 @@ int Demo(const std::vector<std::string>& args);
 int Races(const std::vector<std::string>& args);
 // Writes one report and prints the path of the file to show.
 int Report(const std::vector<std::string>& args);
+
+// Brings a series across from another scoring program's .blw series file and prints what was
+// added, reused and scored differently.
+int Import(const std::vector<std::string>& args);
+int ImportSeries(const std::string& File, const std::string& Data);
 
 // Shows a message on stderr as the user would read it and gives the exit status for it.
 int Fail(const std::string& Msg);

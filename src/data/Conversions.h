@@ -29,6 +29,17 @@ DateTime AddDays(DateTime t, int days);
 std::optional<DateTime> ParseTypedDate(std::string_view text);
 bool IsValidDate(std::string_view text);
 
+// A date as other scoring programs write it: numbers in the order the letters d, m and y take in
+// Order ("d/m/y", "m-d-y"), any separators, or a month name with a day ("Jan 18", "1st Feb",
+// "6th May 2026"). A missing year takes DefaultYear; two-digit years are 20xx. Leading reads only
+// the start of the text, up to the first word that is no month ("5-20 R1" is 20 May).
+std::optional<DateTime> ParseLooseDate(std::string_view text, std::string_view Order,
+                                       int DefaultYear, bool Leading = false);
+// Whether the text names a year of its own (four digits, or a third number).
+bool LooseDateHasYear(std::string_view text, bool Leading = false);
+// A clock time or duration written HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or HHMMSS: seconds.
+std::optional<long long> ParseClockTime(std::string_view text);
+
 // The database's storage form "YYYY-MM-DD HH:MM:SS" (a date alone is accepted too).
 std::optional<DateTime> ParseStoredDateTime(std::string_view text);
 std::string ToStoredDateTime(DateTime t);

@@ -24,6 +24,8 @@ class Database;
 namespace tb {
 
 struct ScopeResult;
+struct SeriesImport;
+struct ImportCounts;
 
 class clResults {
 public:
@@ -219,6 +221,11 @@ public:
     std::string PutOptions(const std::string& Heading, const std::string& Comment,
                            const std::string& Footnote, int& HandicapTypeId,
                            const std::string& Description);
+
+    // ---- Import
+    // Writes a planned import (a series from another scoring program's file) in one
+    // transaction: nothing is written when any step fails.
+    std::string ImportSeries(const SeriesImport& Plan, ImportCounts& Counts);
 
 private:
     // How an operation meets the database: a query reads; a write runs in one transaction; a
