@@ -350,7 +350,7 @@ std::optional<long long> ParseClockTime(std::string_view text) {
         if (fields.size() == 2)
             fields.push_back(0);
     }
-    if (fields[1] > 59 || fields[2] > 59)
+    if (fields[0] > 23 || fields[1] > 59 || fields[2] > 59)
         return std::nullopt;
     return fields[0] * 3600LL + fields[1] * 60LL + fields[2];
 }

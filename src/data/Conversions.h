@@ -37,7 +37,8 @@ std::optional<DateTime> ParseLooseDate(std::string_view text, std::string_view O
                                        int DefaultYear, bool Leading = false);
 // Whether the text names a year of its own (four digits, or a third number).
 bool LooseDateHasYear(std::string_view text, bool Leading = false);
-// A clock time or duration written HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or HHMMSS: seconds.
+// A time of day (or a duration under a day) written HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or
+// HHMMSS: seconds.
 std::optional<long long> ParseClockTime(std::string_view text);
 
 // The database's storage form "YYYY-MM-DD HH:MM:SS" (a date alone is accepted too).

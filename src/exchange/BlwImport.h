@@ -63,7 +63,7 @@ struct SeriesImport {
     clResults::DiscardLines discards;
     // What the summary tells: everything scored differently from the file.
     std::vector<std::string> codesMapped, placesOnlyRaces, undatedRaces, ratingsMissing,
-        scoringNotes;
+        scoringNotes, gunsUntimed;
     int leftovers = 0;
 };
 

@@ -227,10 +227,14 @@ void PlanScoring(const blw::SeriesFile& File, const std::string& root, std::size
 // The rating system of a fleet: a child of the root system for that fleet, else the root's.
 std::string RatingSystemOf(const blw::SeriesFile& File, const std::string& root,
                            const std::string& fleet) {
-    for (const auto& [handle, system] : File.scoring) {
-        if (Text(system.fields, "scrparent") == root &&
-            SameFleet(Text(system.fields, "scrvalue"), fleet))
-            return Trimmed(Text(system.fields, "scrratingsystem"));
+    // A system for exactly this fleet comes before one whose name differs by a suffix.
+    for (const bool exact : {true, false}) {
+        for (const auto& [handle, system] : File.scoring) {
+            const std::string& value = Text(system.fields, "scrvalue");
+            if (Text(system.fields, "scrparent") == root &&
+                (exact ? Upper(Trimmed(value)) == Upper(fleet) : SameFleet(value, fleet)))
+                return Trimmed(Text(system.fields, "scrratingsystem"));
+        }
     }
     const auto it = File.scoring.find(root);
     const std::string rating = it == File.scoring.end()
@@ -356,7 +360,13 @@ struct SeriesPlanner {
                 for (const blw::Gun& gun : races[r]->guns) {
                     if (!GunStarts(gun.selector, firstOf[c]->fields))
                         continue;
-                    const auto time = ParseClockTime(gun.time);
+                    // A gun without a time (places only) is taken as fired at midday.
+                    const bool untimed = gun.time.find_first_not_of(' ') == std::string::npos;
+                    const auto time =
+                        untimed ? std::optional<long long>(12 * 3600) : ParseClockTime(gun.time);
+                    if (untimed && std::find(plan.gunsUntimed.begin(), plan.gunsUntimed.end(),
+                                             plan.races[r].name) == plan.gunsUntimed.end())
+                        plan.gunsUntimed.push_back(plan.races[r].name);
                     if (!time)
                         Fault({gun.time, gun.line}, "racestart",
                               "the gun time '" + gun.time + "' does not read as a time");
@@ -381,7 +391,8 @@ struct SeriesPlanner {
         if (ratingOf[cls] != "None")
             return false;
         for (const blw::Competitor* comp : comps) {
-            if (classOf.at(FleetOf(comp->fields).first) != cls)
+            const auto of = classOf.find(FleetOf(comp->fields).first);
+            if (of == classOf.end() || of->second != cls)
                 continue;
             const auto it = file.cells.find({comp->handle, races[race]->handle});
             if (it != file.cells.end() && HasAny(it->second, {"rft", "rele"}))
@@ -419,7 +430,11 @@ struct SeriesPlanner {
             for (std::size_t r = 0; r < races.size(); ++r) {
                 const auto it = file.cells.find({comp.handle, races[r]->handle});
                 const auto own = it == file.cells.end() ? std::nullopt : Rating(it->second, "rrat");
-                if (own || standing)
+                // Two races of one day share the first one's handicap.
+                const bool dayTaken = std::any_of(
+                    entrant.handicaps.begin(), entrant.handicaps.end(),
+                    [&](const ImportedHandicap& h) { return h.from == plan.races[r].date; });
+                if ((own || standing) && !dayTaken)
                     entrant.handicaps.push_back({Factor(rating, own ? *own : *standing),
                                                  plan.races[r].date, plan.races[r].date});
             }

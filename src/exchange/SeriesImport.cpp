@@ -195,8 +195,8 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
 std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Counts) {
     std::ostringstream out;
     for (std::size_t i = 0; i < Plan.series.size() && i < Counts.seriesIds.size(); ++i)
-        out << "Series " << Counts.seriesIds[i] << ": " << Plan.series[i].title << " ("
-            << Plan.series[i].classes.size() << " classes)\n";
+        out << "Series " << Counts.seriesIds[i] << ": " << Plan.series[i].title
+            << " (classes: " << Plan.series[i].classes.size() << ")\n";
     out << "Races: " << Plan.races.size() << "\n"
         << "People: " << Counts.peopleAdded << " added, " << Counts.peopleReused << " reused\n"
         << "Boat models: " << Counts.modelsAdded << " added, " << Counts.modelsReused << " reused\n"
@@ -212,6 +212,7 @@ std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Coun
     list("Codes mapped", Plan.codesMapped);
     list("Places-only races", Plan.placesOnlyRaces);
     list("Races without a date", Plan.undatedRaces);
+    list("Races without a gun time (started at 12:00:00)", Plan.gunsUntimed);
     list("Boats without a rating (listed in the race's problem report)", Plan.ratingsMissing);
     list("Scored differently", Plan.scoringNotes);
     if (Plan.leftovers > 0)
