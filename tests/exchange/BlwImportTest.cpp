@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <map>
 #include <sstream>
 
 #include "data/Conversions.h"
@@ -118,6 +119,73 @@ TEST(BlwImport, ReadsDatesAndTimesAsOtherProgramsWriteThem) {
                  {"24:00:00", -1},    {"1058", -1},      {"10:60:00", -1}};
     for (const Time& time : times)
         EXPECT_EQ(ParseClockTime(time.text).value_or(-1), time.seconds) << time.text;
+}
+
+const std::string kSamples = std::string(TALLYBOARD_SAMPLES) + "/blw/";
+
+// The dinghy series scored again here: every finisher of the Portsmouth fleet has the file's
+// elapsed and corrected times and place, the places-only fleet its recorded places. A second
+// import makes a second series and adds no one to the register.
+TEST(BlwSamples, DinghySeriesScoresAsTheFileRecords) {
+    test::TestDatabase db;
+    test::RecordingMessages messages;
+    clResults results;
+    std::string summary;
+    ASSERT_EQ(ImportSeriesFile(results, kSamples + "dinghies-series.blw", summary), "");
+    blw::SeriesFile file;
+    ASSERT_EQ(blw::ReadSeriesFile(FileText(kSamples + "dinghies-series.blw"), file), "");
+    std::map<std::string, std::string> sailNoOf, fleetOf;
+    for (const blw::Competitor& comp : file.competitors) {
+        sailNoOf[comp.handle] = blw::Text(comp.fields, "compsailno");
+        fleetOf[comp.handle] = blw::Text(comp.fields, "compfleet");
+    }
+    int compared = 0;
+    for (int race = 1; race <= 2; ++race) {
+        RowSet problems, classRows, boatRows;
+        ASSERT_EQ(results.ComputeResultTimes(race, problems), "");
+        ASSERT_EQ(results.ComputePoints(race, 0), "");
+        ASSERT_EQ(results.GetRaceResults(race, 0, classRows, boatRows), "");
+        std::map<std::string, std::string> shown;
+        for (std::size_t r = 0; r < boatRows.Rows(); ++r)
+            shown[boatRows(3, r).ToText()] = boatRows(7, r).ToText() + " " +
+                                             boatRows(8, r).ToText() + " " +
+                                             boatRows(11, r).ToText();
+        for (const auto& [key, cell] : file.cells) {
+            if (key.second != std::to_string(race) ||
+                !(blw::Text(cell, "rrestyp") == "4" || blw::Text(cell, "rrestyp") == "1"))
+                continue;
+            const bool timed = fleetOf[key.first] == "PY";
+            const std::string expected = timed ? blw::Text(cell, "rele") + " " +
+                                                     blw::Text(cell, "rcor") + " " +
+                                                     blw::Text(cell, "rpos")
+                                               : blw::Text(cell, "rpos");
+            const std::string& row = shown[sailNoOf[key.first]];
+            EXPECT_EQ(timed ? row : row.substr(row.rfind(' ') + 1), expected)
+                << "race " << race << " sail number " << sailNoOf[key.first];
+            ++compared;
+        }
+    }
+    EXPECT_EQ(compared, 32);
+
+    const long long people = db.Count("People"), boats = db.Count("Boat");
+    ASSERT_EQ(ImportSeriesFile(results, kSamples + "dinghies-series.blw", summary), "");
+    EXPECT_NE(summary.find("Series 2: Howth YC Dinghy Racing S1"), std::string::npos);
+    EXPECT_NE(summary.find("People: 0 added, 37 reused\nBoat models: 0 added, 7 reused\nBoats: "
+                           "0 added, 37 reused\n"),
+              std::string::npos)
+        << summary;
+    EXPECT_EQ(db.Count("People") * 1000 + db.Count("Boat"), people * 1000 + boats);
+}
+
+// The club season discards one race in three: more rules than a discard system holds, so it is
+// refused as a whole rather than scored differently from the file.
+TEST(BlwSamples, SeasonWithMoreDiscardRulesThanFitIsRefused) {
+    test::TestDatabase db;
+    clResults results;
+    std::string summary;
+    EXPECT_EQ(ImportSeriesFile(results, kSamples + "place-only-season.blw", summary),
+              FileText(kData + "place-only-season.message"));
+    EXPECT_EQ(db.Count("Series") + db.Count("Boat") + db.Count("Schedule"), 0);
 }
 
 }  // namespace
