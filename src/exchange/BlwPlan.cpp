@@ -413,6 +413,9 @@ struct SeriesPlanner {
             entrant.boatName = Trimmed(Text(boat, "comphelmname"));
         if (entrant.boatName.empty())
             entrant.boatName = entrant.fullSailNo;
+        // Results show the entrant's person: a boat without helm is named for itself.
+        if (entrant.firstname.empty() && entrant.lastname.empty())
+            entrant.lastname = entrant.boatName;
         entrant.model = Trimmed(Text(boat, "compclass"));
         if (entrant.model.empty())
             entrant.model = series.classes[entrant.cls].name;

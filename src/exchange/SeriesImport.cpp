@@ -63,10 +63,6 @@ std::string FreeName(const std::string& name, Taken taken) {
     return candidate;
 }
 
-Value OrNull(int id) {
-    return id > 0 ? Value(id) : Value();
-}
-
 std::string Listed(const std::vector<std::string>& items) {
     std::string text;
     for (const std::string& item : items)
@@ -147,11 +143,9 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                 Execute(kSetGun, {start.gun, raceIds[start.race], classIds[start.cls]});
 
             for (const ImportedEntrant& entrant : series.entrants) {
-                int person = 0;
-                if (!entrant.firstname.empty() || !entrant.lastname.empty())
-                    person = findOrAdd(kPersonNamed, {entrant.firstname, entrant.lastname},
-                                       kAddPerson, {entrant.firstname, entrant.lastname},
-                                       counts.peopleAdded, counts.peopleReused);
+                const int person = findOrAdd(kPersonNamed, {entrant.firstname, entrant.lastname},
+                                             kAddPerson, {entrant.firstname, entrant.lastname},
+                                             counts.peopleAdded, counts.peopleReused);
                 const int model =
                     findOrAdd(kModelNamed, {entrant.model}, kAddModel, {entrant.model},
                               counts.modelsAdded, counts.modelsReused);
@@ -162,7 +156,7 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                 const int boat =
                     findOrAdd(kBoatNamed, {entrant.fullSailNo, entrant.boatName}, kAddBoat,
                               {entrant.boatName, entrant.fullSailNo,
-                               digits.empty() ? 0 : std::stoi(digits), model, OrNull(person)},
+                               digits.empty() ? 0 : std::stoi(digits), model, person},
                               counts.boatsAdded, counts.boatsReused);
                 const int type = handicapType(series.classes[entrant.cls].handicapType);
                 for (const ImportedHandicap& h : entrant.handicaps) {
@@ -171,8 +165,8 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                               {type, boat, h.factor, h.from, expires, Now()}, counts.handicapsAdded,
                               counts.handicapsReused);
                 }
-                Execute(kAddEntrant, {boat, seriesId, OrNull(person), Plan.races.front().date,
-                                      classIds[entrant.cls]});
+                Execute(kAddEntrant,
+                        {boat, seriesId, person, Plan.races.front().date, classIds[entrant.cls]});
                 const int entrantId = static_cast<int>(LastInsertId());
                 ++counts.entries;
                 for (int raceId : raceIds)
