@@ -1,46 +1,44 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+class Validator;
+}  // namespace CLI
+
 namespace tb::cli {
 
-struct Command {
-    const char* name;
-    std::function<int(const std::vector<std::string>&)> run;
-};
+// Exit status: 0 done (and --help, --version), 1 the operation's message went to stderr,
+// 2 wrong arguments (CLI11 names the option and what it expects on stderr).
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kWrongArguments = 2;
 
-inline constexpr const char* kUsage =
-    "usage: tallyboard-cli createdb FILE\n"
-    "       tallyboard-cli demo FILE [--boats N] [--races N] [--classes N] [--seed N]\n"
-    "       tallyboard-cli races --data FILE\n"
-    "       tallyboard-cli import series FILE.blw --data FILE\n"
-    "       tallyboard-cli report --data FILE --reports DIR [--ini FILE] --race ID\n"
-    "                             --kind E|A|C|R|S|B [--action N]\n"
-    "  report kinds: E entry list by handicap, A entry list by sail number, C class sheet,\n"
-    "  R race results, S series results, B race and series results together; the action is\n"
-    "  the kind's Nth line (from 0) of the initialisation file, by default the one beside the\n"
-    "  program. report prints the path of the file to show.\n";
+// Parses args (without the program's name) and runs the command they choose.
+int Run(const std::vector<std::string>& args);
 
-// Exit status: 0 done, 1 the operation's message went to stderr, 2 wrong arguments.
-const std::vector<Command>& Commands();
+// A command is one registration: it adds its subcommand, options and help to app, and the
+// subcommand's callback leaves the command's exit status in status. Each lives in a file of its
+// own and is listed once in Commands.cpp.
+using Registration = void (*)(CLI::App& app, int& status);
 
-int CreateDb(const std::vector<std::string>& args);
-// A new database holding a demonstration season.
-int Demo(const std::vector<std::string>& args);
-// One line per race: race Id, series Id, series title, race name, race date, tab-separated.
-int Races(const std::vector<std::string>& args);
-// Writes one report and prints the path of the file to show.
-int Report(const std::vector<std::string>& args);
+void AddCreateDbCommand(CLI::App& app, int& status);
+void AddDemoCommand(CLI::App& app, int& status);
+void AddImportCommand(CLI::App& app, int& status);
+void AddRacesCommand(CLI::App& app, int& status);
+void AddReportCommand(CLI::App& app, int& status);
 
 // Brings a series across from another scoring program's .blw series file and prints what was
 // added, reused and scored differently.
-int Import(const std::vector<std::string>& args);
-int ImportSeries(const std::string& File, const std::string& Data);
+int ImportSeries(const std::string& file, const std::string& data);
+
+// Option checks whose refusal reads "--option: expects ...".
+CLI::Validator WholeNumber();
+CLI::Validator WholeNumber(long long least, long long most);
 
 // Shows a message on stderr as the user would read it and gives the exit status for it.
 int Fail(const std::string& Msg);
-int Usage();
 
 }  // namespace tb::cli

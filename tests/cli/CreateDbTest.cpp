@@ -13,13 +13,13 @@ TEST(CreateDbCommand, MakesADatabaseOnceAndThenRefuses) {
     test::TempFolder folder;
     test::RecordingMessages messages;
     const std::string path = folder.path() + "/club.db";
-    EXPECT_EQ(cli::CreateDb({path}), 0);
+    EXPECT_EQ(cli::Run({"createdb", path}), 0);
     EXPECT_TRUE(std::filesystem::is_regular_file(path));
-    EXPECT_EQ(cli::CreateDb({path}), 1);
+    EXPECT_EQ(cli::Run({"createdb", path}), 1);
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_NE(messages.shown[0].text.find("already exists"), std::string::npos);
-    EXPECT_EQ(cli::CreateDb({}), 2);
-    EXPECT_EQ(cli::CreateDb({path, "extra"}), 2);
+    EXPECT_EQ(cli::Run({"createdb"}), 2);
+    EXPECT_EQ(cli::Run({"createdb", path, "extra"}), 2);
 }
 
 }  // namespace

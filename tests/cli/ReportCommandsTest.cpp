@@ -25,10 +25,10 @@ namespace fs = std::filesystem;
 using test::Scalar;
 
 // Runs a command and returns its exit status, with what it printed in out.
-int RunCommand(int (*command)(const std::vector<std::string>&),
-               const std::vector<std::string>& args, std::string& out) {
+int RunCommand(const std::string& command, std::vector<std::string> args, std::string& out) {
+    args.insert(args.begin(), command);
     testing::internal::CaptureStdout();
-    const int status = command(args);
+    const int status = cli::Run(args);
     out = testing::internal::GetCapturedStdout();
     return status;
 }
@@ -53,12 +53,12 @@ TEST(DemoCommand, MakesTheSameSeasonForTheSameSeed) {
     std::string out;
     const std::string a = folder.path() + "/a.db", b = folder.path() + "/b.db",
                       c = folder.path() + "/c.db";
-    ASSERT_EQ(RunCommand(cli::Demo, {a, "--boats", "30", "--races", "8", "--seed", "7"}, out), 0);
-    ASSERT_EQ(RunCommand(cli::Demo, {b, "--races", "8", "--seed", "7", "--boats", "30"}, out), 0);
-    ASSERT_EQ(RunCommand(cli::Demo, {c, "--boats", "30", "--races", "8", "--seed", "8"}, out), 0);
+    ASSERT_EQ(RunCommand("demo", {a, "--boats", "30", "--races", "8", "--seed", "7"}, out), 0);
+    ASSERT_EQ(RunCommand("demo", {b, "--races", "8", "--seed", "7", "--boats", "30"}, out), 0);
+    ASSERT_EQ(RunCommand("demo", {c, "--boats", "30", "--races", "8", "--seed", "8"}, out), 0);
     EXPECT_EQ(Scalar(a, kSeasonFingerprint), Scalar(b, kSeasonFingerprint));
     EXPECT_NE(Scalar(a, kSeasonFingerprint), Scalar(c, kSeasonFingerprint));
-    EXPECT_EQ(RunCommand(cli::Demo, {a}, out), 1) << "an existing file is never written over";
+    EXPECT_EQ(RunCommand("demo", {a}, out), 1) << "an existing file is never written over";
 }
 
 TEST(DemoCommand, HoldsAPlausibleSeason) {
@@ -66,8 +66,8 @@ TEST(DemoCommand, HoldsAPlausibleSeason) {
     test::RecordingMessages messages;
     const std::string file = folder.path() + "/demo.db";
     std::string out;
-    ASSERT_EQ(
-        RunCommand(cli::Demo, {file, "--boats", "60", "--races", "12", "--classes", "3"}, out), 0);
+    ASSERT_EQ(RunCommand("demo", {file, "--boats", "60", "--races", "12", "--classes", "3"}, out),
+              0);
     const std::pair<const char*, const char*> facts[] = {
         {"SELECT count(*) FROM Boat", "60"},
         {"SELECT count(*) FROM Entrant", "60"},
@@ -108,7 +108,7 @@ TEST(DemoCommand, RefusesWrongArguments) {
                                                {file, "--boats", "ten"},
                                                {file, "--fleets", "2"},
                                                {file, "--seed", "1", "--seed", "2"}}) {
-        EXPECT_EQ(RunCommand(cli::Demo, args, out), 2);
+        EXPECT_EQ(RunCommand("demo", args, out), 2);
     }
     EXPECT_FALSE(fs::exists(file));
 }
@@ -118,7 +118,7 @@ protected:
     static void SetUpTestSuite() {
         folder_ = new test::TempFolder;
         std::string out;
-        ASSERT_EQ(RunCommand(cli::Demo, {Data(), "--boats", "24", "--races", "6"}, out), 0);
+        ASSERT_EQ(RunCommand("demo", {Data(), "--boats", "24", "--races", "6"}, out), 0);
     }
     static void TearDownTestSuite() {
         delete folder_;
@@ -135,13 +135,13 @@ test::TempFolder* ReportCommandTest::folder_ = nullptr;
 
 TEST_F(ReportCommandTest, RacesAreListedOnePerLine) {
     std::string out;
-    ASSERT_EQ(RunCommand(cli::Races, {"--data", Data()}, out), 0);
+    ASSERT_EQ(RunCommand("races", {"--data", Data()}, out), 0);
     const auto lines = Lines(out);
     ASSERT_EQ(lines.size(), 6u);
     EXPECT_EQ(lines[0], "1\t1\tSummer Series 2026\tRace 1\t01/04/2026");
     EXPECT_EQ(lines[5], "6\t1\tSummer Series 2026\tRace 6\t29/08/2026");
-    EXPECT_EQ(RunCommand(cli::Races, {}, out), 2);
-    EXPECT_EQ(RunCommand(cli::Races, {"--data", folder_->path() + "/missing.db"}, out), 1);
+    EXPECT_EQ(RunCommand("races", {}, out), 2);
+    EXPECT_EQ(RunCommand("races", {"--data", folder_->path() + "/missing.db"}, out), 1);
 }
 
 TEST_F(ReportCommandTest, EveryShippedActionWritesItsReport) {
@@ -161,7 +161,7 @@ TEST_F(ReportCommandTest, EveryShippedActionWritesItsReport) {
         }
         const std::string letter(1, kReportLetters[kind]);
         std::string out;
-        ASSERT_EQ(RunCommand(cli::Report,
+        ASSERT_EQ(RunCommand("report",
                              {"--data", Data(), "--reports", Reports(), "--race", "4", "--kind",
                               letter, "--action", std::to_string(action)},
                              out),
@@ -195,12 +195,12 @@ TEST_F(ReportCommandTest, WrongRequestsAreRefused) {
                                                {"--race", "1", "--kind", "X"},
                                                {"--race", "1", "--kind", "RS"},
                                                {"--race", "1", "--kind", "R", "--action", "99"}})
-        EXPECT_EQ(RunCommand(cli::Report, with(wrong), out), 2);
+        EXPECT_EQ(RunCommand("report", with(wrong), out), 2);
     EXPECT_EQ(
-        RunCommand(cli::Report, with({"--race", "1", "--kind", "R", "--ini", "/no/such.ini"}), out),
+        RunCommand("report", with({"--race", "1", "--kind", "R", "--ini", "/no/such.ini"}), out),
         1);
     messages.Clear();
-    EXPECT_EQ(RunCommand(cli::Report, with({"--race", "999", "--kind", "E"}), out), 1);
+    EXPECT_EQ(RunCommand("report", with({"--race", "999", "--kind", "E"}), out), 1);
     EXPECT_EQ(messages.Texts(),
               std::vector<std::string>{"I-No schedule or class was found for this race"});
     EXPECT_EQ(out, "");
@@ -223,7 +223,7 @@ TEST_F(ReportCommandTest, ABrowserShowsEveryBoatOfEveryClass) {
     test::TempFolder profile;
     for (const char* kind : {"E", "A", "C", "R", "S", "B"}) {
         std::string out;
-        ASSERT_EQ(RunCommand(cli::Report,
+        ASSERT_EQ(RunCommand("report",
                              {"--data", Data(), "--reports", Reports(), "--race", "4", "--kind",
                               kind, "--action", "2"},
                              out),

@@ -75,7 +75,8 @@ protected:
     // A demonstration season of the size given, with the shipped style sheets in a report folder.
     void MakeSeason(const std::string& boats, const std::string& races) {
         testing::internal::CaptureStdout();
-        const int status = cli::Demo({data, "--boats", boats, "--races", races, "--seed", "11"});
+        const int status =
+            cli::Run({"demo", data, "--boats", boats, "--races", races, "--seed", "11"});
         testing::internal::GetCapturedStdout();
         ASSERT_EQ(status, 0);
         fs::copy(ProgramFolder() + "/Reports", reports, fs::copy_options::recursive);
