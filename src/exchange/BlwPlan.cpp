@@ -16,7 +16,6 @@ using blw::Text;
 const std::map<std::string, int> kStatusOfCode = {{"BFD", 1}, {"DNC", 2}, {"DNE", 3}, {"DNF", 4},
                                                   {"DNS", 5}, {"DSQ", 6}, {"OCS", 7}, {"RAF", 8},
                                                   {"RET", 4}, {"UFD", 1}};
-constexpr int kFinished = 9;
 constexpr int kDidNotFinish = 4;
 
 // The problem of one row, named by its line and key.
