@@ -3,6 +3,7 @@
 #include <set>
 
 #include "data/Conversions.h"
+#include "data/Messages.h"
 #include "exchange/BlwImport.h"
 
 namespace tb {
@@ -603,6 +604,9 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
         return {};
     } catch (const RowFault& fault) {
         return fault.message;
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        return ErrorText({}, "PlanSeriesImport", &pending);
     }
 }
 

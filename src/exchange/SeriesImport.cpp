@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "data/Conversions.h"
+#include "data/Messages.h"
 #include "data/RunTimeFault.h"
 #include "exchange/BlwImport.h"
 
@@ -214,7 +215,10 @@ std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Coun
     return out.str();
 }
 
-std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string& Summary) {
+namespace {
+
+// Reading, planning and writing; a fault the steps do not foresee is caught by the caller.
+std::string ImportFile(clResults& Db, const std::string& Path, std::string& Summary) {
     std::ifstream in(Path, std::ios::binary);
     if (!in)
         return "E-Cannot read the file " + Path;
@@ -239,6 +243,17 @@ std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string
     if (Msg.empty())
         Summary = ImportSummaryText(plan, counts);
     return Msg;
+}
+
+}  // namespace
+
+std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string& Summary) {
+    try {
+        return ImportFile(Db, Path, Summary);
+    } catch (...) {
+        const PendingError pending = DescribeCurrentException();
+        return ErrorText({}, "ImportSeriesFile", &pending);
+    }
 }
 
 }  // namespace tb
