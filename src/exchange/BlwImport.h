@@ -56,6 +56,7 @@ struct ImportedRace {
 
 struct SeriesImport {
     std::vector<ImportedRace> races;
+    DateTime firstDay{};  // handicaps and entries start on it: the first race's date
     std::vector<ImportedSeries> series;
     std::string scoringName;
     short baseA = 0, baseB = 0, baseC = 0;

@@ -341,6 +341,7 @@ struct SeriesPlanner {
     std::map<std::string, std::size_t> classOf;
     std::vector<std::string> ratingOf;
     std::vector<const blw::Competitor*> firstOf;
+    std::set<std::pair<std::string, std::string>> boatsEntered;
 
     std::size_t ClassFor(const blw::Competitor& comp) {
         const auto [fleet, field] = FleetOf(comp.fields);
@@ -416,6 +417,13 @@ struct SeriesPlanner {
         // Results show the entrant's person: a boat without helm is named for itself.
         if (entrant.firstname.empty() && entrant.lastname.empty())
             entrant.lastname = entrant.boatName;
+        // A boat is entered once in a series; a second competitor for it is left out.
+        if (!boatsEntered.insert({entrant.fullSailNo, entrant.boatName}).second) {
+            plan.scoringNotes.push_back(entrant.boatName + " " + entrant.fullSailNo +
+                                        " is entered twice in " + series.title +
+                                        "; the second entry is left out");
+            return;
+        }
         entrant.model = Trimmed(Text(boat, "compclass"));
         if (entrant.model.empty())
             entrant.model = series.classes[entrant.cls].name;
@@ -427,7 +435,7 @@ struct SeriesPlanner {
             perRace = perRace || (it != file.cells.end() && Find(it->second, "rrat"));
         }
         if (rating == "None") {
-            entrant.handicaps.push_back({1.0, plan.races.front().date, std::nullopt});
+            entrant.handicaps.push_back({1.0, plan.firstDay, std::nullopt});
         } else if (perRace) {
             // Progressive handicaps change race by race: each is valid on its race's day only.
             for (std::size_t r = 0; r < races.size(); ++r) {
@@ -442,8 +450,7 @@ struct SeriesPlanner {
                                                  plan.races[r].date, plan.races[r].date});
             }
         } else if (standing) {
-            entrant.handicaps.push_back(
-                {Factor(rating, *standing), plan.races.front().date, std::nullopt});
+            entrant.handicaps.push_back({Factor(rating, *standing), plan.firstDay, std::nullopt});
         }
         if (entrant.handicaps.empty())
             plan.ratingsMissing.push_back(entrant.boatName + " " + entrant.fullSailNo + " (" +
@@ -518,8 +525,8 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
     try {
         SeriesImport plan;
         const auto races = PlanRaces(File, FileYear, plan);
-        if (races.empty())
-            return "E-The file has no sailed race to bring across";
+        // A series not sailed yet still brings its entries, valid from the start of the year.
+        plan.firstDay = races.empty() ? MakeDateTime(FileYear, 1, 1) : plan.races.front().date;
         std::string root = Trimmed(Text(File.series, "serscoringhandle"));
         if (File.scoring.find(root) == File.scoring.end()) {
             for (const auto& [handle, system] : File.scoring)
@@ -537,14 +544,18 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
         std::vector<const blw::Competitor*> comps;
         std::map<std::string, const blw::Competitor*> primaries;
         for (const blw::Competitor& comp : File.competitors) {
-            if (Trimmed(Text(comp.fields, "compexclude")) == "1")
+            // Excluded competitors and blank rows that name no boat or helm are left out.
+            if (Trimmed(Text(comp.fields, "compexclude")) == "1" ||
+                (Trimmed(Text(comp.fields, "compsailno")).empty() &&
+                 Trimmed(Text(comp.fields, "compboat")).empty() &&
+                 Trimmed(Text(comp.fields, "comphelmname")).empty()))
                 continue;
             comps.push_back(&comp);
             const std::string alias = Trimmed(Text(comp.fields, "compalias"));
             if (alias.empty() || alias == "0")
                 primaries[comp.handle] = &comp;
         }
-        SeriesPlanner primary{File, root, races, plan, {title, {}, {}, {}}, {}, {}, {}};
+        SeriesPlanner primary{File, root, races, plan, {title, {}, {}, {}}, {}, {}, {}, {}};
         std::map<std::string, SeriesPlanner> seconds;
         std::vector<std::pair<const blw::Competitor*, const blw::Competitor*>> aliases;
         for (const blw::Competitor* comp : comps) {
@@ -568,6 +579,7 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
                                                           races,
                                                           plan,
                                                           {title + " (" + rating + ")", {}, {}, {}},
+                                                          {},
                                                           {},
                                                           {},
                                                           {}});

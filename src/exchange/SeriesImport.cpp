@@ -167,7 +167,7 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                               counts.handicapsReused);
                 }
                 Execute(kAddEntrant,
-                        {boat, seriesId, person, Plan.races.front().date, classIds[entrant.cls]});
+                        {boat, seriesId, person, Plan.firstDay, classIds[entrant.cls]});
                 const int entrantId = static_cast<int>(LastInsertId());
                 ++counts.entries;
                 for (int raceId : raceIds)
