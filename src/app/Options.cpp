@@ -30,7 +30,7 @@ std::string clResults::PutOptions(const std::string& Heading, const std::string&
 
         const RowSet named = Query(kHandicapTypeNamed, {Description});
         if (!named.IsEmpty()) {
-            const int namedId = static_cast<int>(named(0, 0).AsInt());
+            const int namedId = static_cast<int>(named(kOnlyColumn, kFirstRow).AsInt());
             if (namedId != id)
                 return "E-Another handicap system named '" + Description + "' already exists";
         }

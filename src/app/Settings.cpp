@@ -7,7 +7,7 @@ std::string clResults::GetSetting(const std::string& Parameter, std::string& Val
     return Run("GetSetting", Shape::Query, [&] {
         const RowSet rows = Query("SELECT Value FROM Settings WHERE Parameter=?", {Parameter});
         if (!rows.IsEmpty())
-            Value = rows(0, 0).ToText();
+            Value = rows(kOnlyColumn, kFirstRow).ToText();
         return std::string();
     });
 }

@@ -11,6 +11,7 @@
 #include "app/Globals.h"
 #include "data/Conversions.h"
 #include "data/Messages.h"
+#include "data/ResultStatus.h"
 #include "data/Schema.h"
 #include "data/clResults.h"
 
@@ -111,13 +112,14 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
             "INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club TCF'), "
             "(2, 'Multihull TCF')");
 
-        SQLite::Statement addModel(db, "INSERT INTO BoatType (Model, LOA, Draft) VALUES (?, ?, ?)");
+        SQLite::Statement addModel(
+            db, "INSERT INTO BoatType (Model, LOA, Draft) VALUES (:model, :loa, :draft)");
         std::array<std::vector<std::int64_t>, 4> modelIds;
         for (std::size_t f = 0; f < kFleets.size(); ++f) {
             for (const Model& m : kFleets[f]) {
-                addModel.bind(1, m.name);
-                addModel.bind(2, m.loa);
-                addModel.bind(3, m.draft);
+                addModel.bind(":model", m.name);
+                addModel.bind(":loa", m.loa);
+                addModel.bind(":draft", m.draft);
                 addModel.exec();
                 addModel.reset();
                 modelIds[f].push_back(db.getLastInsertRowid());
@@ -129,14 +131,15 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
             "(1, 'Summer Series " +
             std::to_string(kYear) + "', 'Wednesday Evenings', 1, 1)");
 
-        SQLite::Statement addClass(
-            db, "INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (1, ?, ?, 0)");
+        SQLite::Statement addClass(db,
+                                   "INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) "
+                                   "VALUES (1, :name, :type, 0)");
         std::vector<std::int64_t> classIds;
         for (int c = 0; c < size.classes; ++c) {
             const bool multihulls = c == 3;
-            addClass.bind(1,
+            addClass.bind(":name",
                           multihulls ? std::string("Multihull") : "Class " + std::to_string(c + 1));
-            addClass.bind(2, multihulls ? 2 : 1);
+            addClass.bind(":type", multihulls ? 2 : 1);
             addClass.exec();
             addClass.reset();
             classIds.push_back(db.getLastInsertRowid());
@@ -147,16 +150,16 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
         const int spacing = std::max(1, 180 / std::max(1, size.races));
         SQLite::Statement addRace(db,
                                   "INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries, "
-                                  "Reference) VALUES (1, ?, ?, ?, ?)");
+                                  "Reference) VALUES (1, :name, :date, :sub, :ref)");
         std::vector<std::int64_t> raceIds;
         std::vector<DateTime> raceDates;
         std::vector<bool> inSubSeries;
         for (int r = 0; r < size.races; ++r) {
             const DateTime date = AddDays(seasonStart, r * spacing);
-            addRace.bind(1, "Race " + std::to_string(r + 1));
-            addRace.bind(2, Stored(date));
-            addRace.bind(3, r % 2);
-            addRace.bind(4, "R" + std::to_string(r + 1));
+            addRace.bind(":name", "Race " + std::to_string(r + 1));
+            addRace.bind(":date", Stored(date));
+            addRace.bind(":sub", r % 2);
+            addRace.bind(":ref", "R" + std::to_string(r + 1));
             addRace.exec();
             addRace.reset();
             raceIds.push_back(db.getLastInsertRowid());
@@ -165,20 +168,22 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
         }
 
         SQLite::Statement addPerson(
-            db, "INSERT INTO People (Firstname, Lastname, ClubMember) VALUES (?, ?, ?)");
+            db,
+            "INSERT INTO People (Firstname, Lastname, ClubMember) VALUES (:first, :last, :member)");
         SQLite::Statement addBoat(
             db,
             "INSERT INTO Boat (BoatName, BoatType, FullSailNo, SailNo, Owner) "
-            "VALUES (?, ?, ?, ?, ?)");
+            "VALUES (:name, :model, :fullSailNo, :sailNo, :owner)");
         SQLite::Statement addHandicap(
             db,
             "INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom, Expires, "
-            "ModifyDate) VALUES (?, ?, ?, ?, ?, ?)");
+            "ModifyDate) VALUES (:boat, :type, :tcf, :from, :expires, :modified)");
         SQLite::Statement addEntrant(
             db,
             "INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant, EntryDate, "
-            "NameOnResults) VALUES (1, ?, ?, ?, ?, ?, ?)");
-        SQLite::Statement enter(db, "INSERT INTO EntryList (Entrant, Schedule) VALUES (?, ?)");
+            "NameOnResults) VALUES (1, :boat, :class, :type, :person, :date, :name)");
+        SQLite::Statement enter(
+            db, "INSERT INTO EntryList (Entrant, Schedule) VALUES (:entrant, :race)");
 
         struct Boat {
             std::int64_t entrant;
@@ -201,9 +206,11 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
                                    ? kFleets[0][0].tcf
                                    : std::round((model.tcf + dice.Normal() * 0.008) * 1000) / 1000;
 
-            addPerson.bind(1, kFirstNames[dice.Below(static_cast<int>(std::size(kFirstNames)))]);
-            addPerson.bind(2, kLastNames[dice.Below(static_cast<int>(std::size(kLastNames)))]);
-            addPerson.bind(3, dice.Chance(0.8) ? 1 : 0);
+            addPerson.bind(":first",
+                           kFirstNames[dice.Below(static_cast<int>(std::size(kFirstNames)))]);
+            addPerson.bind(":last",
+                           kLastNames[dice.Below(static_cast<int>(std::size(kLastNames)))]);
+            addPerson.bind(":member", dice.Chance(0.8) ? 1 : 0);
             addPerson.exec();
             addPerson.reset();
             const std::int64_t person = db.getLastInsertRowid();
@@ -216,12 +223,12 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
             else
                 name += " " + std::to_string(generation + 1);
             const int sailNo = 1000 + b * 7 % 9000 + b / 1286;
-            addBoat.bind(1, name);
-            addBoat.bind(
-                2, sisterShip ? modelIds[0][0] : modelIds[classIndex % kFleets.size()][modelIndex]);
-            addBoat.bind(3, "GBR " + std::to_string(sailNo));
-            addBoat.bind(4, sailNo);
-            addBoat.bind(5, person);
+            addBoat.bind(":name", name);
+            addBoat.bind(":model", sisterShip ? modelIds[0][0]
+                                              : modelIds[classIndex % kFleets.size()][modelIndex]);
+            addBoat.bind(":fullSailNo", "GBR " + std::to_string(sailNo));
+            addBoat.bind(":sailNo", sailNo);
+            addBoat.bind(":owner", person);
             addBoat.exec();
             addBoat.reset();
             const std::int64_t boat = db.getLastInsertRowid();
@@ -230,26 +237,26 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
             const int handicapType = classIndex == 3 ? 2 : 1;
             const bool rerated = !sisterShip && dice.Chance(0.05) && size.races > 2;
             const DateTime change = raceDates[raceDates.size() / 2];
-            addHandicap.bind(1, boat);
-            addHandicap.bind(2, handicapType);
-            addHandicap.bind(3, tcf);
-            addHandicap.bind(4, Stored(ratingDate));
+            addHandicap.bind(":boat", boat);
+            addHandicap.bind(":type", handicapType);
+            addHandicap.bind(":tcf", tcf);
+            addHandicap.bind(":from", Stored(ratingDate));
             if (rerated)
-                addHandicap.bind(5, Stored(AddDays(change, -1)));
+                addHandicap.bind(":expires", Stored(AddDays(change, -1)));
             else
-                addHandicap.bind(5);
-            addHandicap.bind(6, Stored(ratingDate));
+                addHandicap.bind(":expires");
+            addHandicap.bind(":modified", Stored(ratingDate));
             addHandicap.exec();
             addHandicap.reset();
             double raceTcf = tcf;
             if (rerated) {
                 raceTcf = tcf + 0.010;
-                addHandicap.bind(1, boat);
-                addHandicap.bind(2, handicapType);
-                addHandicap.bind(3, raceTcf);
-                addHandicap.bind(4, Stored(change));
-                addHandicap.bind(5);
-                addHandicap.bind(6, Stored(change));
+                addHandicap.bind(":boat", boat);
+                addHandicap.bind(":type", handicapType);
+                addHandicap.bind(":tcf", raceTcf);
+                addHandicap.bind(":from", Stored(change));
+                addHandicap.bind(":expires");
+                addHandicap.bind(":modified", Stored(change));
                 addHandicap.exec();
                 addHandicap.reset();
             }
@@ -261,18 +268,18 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
                                     : roll < 85 ? 3
                                     : roll < 95 ? 1
                                                 : 2;
-            addEntrant.bind(1, boat);
-            addEntrant.bind(2, classIds[classIndex]);
-            addEntrant.bind(3, entrantType);
-            addEntrant.bind(4, person);
-            addEntrant.bind(5, Stored(AddDays(seasonStart, -dice.Below(30) - 1)));
+            addEntrant.bind(":boat", boat);
+            addEntrant.bind(":class", classIds[classIndex]);
+            addEntrant.bind(":type", entrantType);
+            addEntrant.bind(":person", person);
+            addEntrant.bind(":date", Stored(AddDays(seasonStart, -dice.Below(30) - 1)));
             if (dice.Chance(0.05))
                 addEntrant.bind(
-                    6,
+                    ":name",
                     std::string(kFirstNames[dice.Below(static_cast<int>(std::size(kFirstNames)))]) +
                         " & crew");
             else
-                addEntrant.bind(6);
+                addEntrant.bind(":name");
             addEntrant.exec();
             addEntrant.reset();
             const std::int64_t entrant = db.getLastInsertRowid();
@@ -285,8 +292,8 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
                 entry.races.push_back(entered);
                 if (!entered)
                     continue;
-                enter.bind(1, entrant);
-                enter.bind(2, raceIds[r]);
+                enter.bind(":entrant", entrant);
+                enter.bind(":race", raceIds[r]);
                 enter.exec();
                 enter.reset();
             }
@@ -297,11 +304,13 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
 
         SQLite::Statement addStart(db,
                                    "INSERT INTO Start (Schedule, Class, StartTime, TopNote, "
-                                   "Footnote) VALUES (?, ?, ?, ?, ?)");
+                                   "Footnote) VALUES (:race, :class, :time, :note, :footnote)");
         SQLite::Statement addResult(
             db,
             "INSERT INTO Results (Schedule, Entrant, FinishTime, Status, PenaltyMins, "
-            "PenaltyPercent, PenaltyPoints, Notes) VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
+            "PenaltyPercent, PenaltyPoints, Notes) VALUES (:race, :entrant, :finish, :status, "
+            ":mins, "
+            ":percent, :points, :notes)");
         for (std::size_t r = 0; r < raceIds.size(); ++r) {
             const bool evening = inSubSeries[r];
             const DateTime firstStart = raceDates[r] + std::chrono::hours(evening ? 18 : 11) +
@@ -311,17 +320,17 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
             for (std::size_t c = 0; c < classIds.size(); ++c) {
                 const DateTime start = firstStart + std::chrono::minutes(5 * static_cast<int>(c));
                 starts.push_back(start);
-                addStart.bind(1, raceIds[r]);
-                addStart.bind(2, classIds[c]);
-                addStart.bind(3, Stored(start));
+                addStart.bind(":race", raceIds[r]);
+                addStart.bind(":class", classIds[c]);
+                addStart.bind(":time", Stored(start));
                 if (r == 0 && c == 0)
-                    addStart.bind(4, "Course 3: Start, Bell, Castle, Finish");
+                    addStart.bind(":note", "Course 3: Start, Bell, Castle, Finish");
                 else
-                    addStart.bind(4);
+                    addStart.bind(":note");
                 if (r == 0)
-                    addStart.bind(5, "Protests to the race office by 17:00");
+                    addStart.bind(":footnote", "Protests to the race office by 17:00");
                 else
-                    addStart.bind(5);
+                    addStart.bind(":footnote");
                 addStart.exec();
                 addStart.reset();
             }
@@ -335,50 +344,50 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
                 const int roll = dice.Below(100);
                 if (roll < 5 && !tiedPair)
                     continue;  // did not come: the computation records it
-                int status = 9;
+                int status = ResultStatus::kFinished;
                 if (roll < 9 && !tiedPair)
-                    status = 4;
+                    status = ResultStatus::kDidNotFinish;
                 else if (roll < 11 && !tiedPair)
-                    status = 5;
-                addResult.bind(1, raceIds[r]);
-                addResult.bind(2, boat.entrant);
-                if (status == 9) {
+                    status = ResultStatus::kDidNotStart;
+                addResult.bind(":race", raceIds[r]);
+                addResult.bind(":entrant", boat.entrant);
+                if (status == ResultStatus::kFinished) {
                     const double corrected =
                         tiedPair ? courseSeconds
                                  : courseSeconds * (1 + boat.skill + dice.Normal() * 0.015);
                     const long long elapsed = std::llround(corrected / boat.tcf);
-                    addResult.bind(3,
+                    addResult.bind(":finish",
                                    Stored(starts[boat.classIndex] + std::chrono::seconds(elapsed)));
                 } else {
-                    addResult.bind(3);
+                    addResult.bind(":finish");
                 }
-                addResult.bind(4, status);
-                const int penalty = status == 9 ? dice.Below(100) : 100;
-                addResult.bind(5, penalty < 1 ? 5.0 : 0.0);
-                addResult.bind(6, penalty >= 1 && penalty < 2 ? 20.0 : 0.0);
-                addResult.bind(7, penalty >= 2 && penalty < 3 ? 2.0 : 0.0);
+                addResult.bind(":status", status);
+                const int penalty = status == ResultStatus::kFinished ? dice.Below(100) : 100;
+                addResult.bind(":mins", penalty < 1 ? 5.0 : 0.0);
+                addResult.bind(":percent", penalty >= 1 && penalty < 2 ? 20.0 : 0.0);
+                addResult.bind(":points", penalty >= 2 && penalty < 3 ? 2.0 : 0.0);
                 if (penalty < 1)
-                    addResult.bind(8, "Late declaration");
+                    addResult.bind(":notes", "Late declaration");
                 else if (penalty < 2)
-                    addResult.bind(8, "Scoring penalty, rule 44.3");
+                    addResult.bind(":notes", "Scoring penalty, rule 44.3");
                 else if (penalty < 3)
-                    addResult.bind(8, "Discretionary penalty");
+                    addResult.bind(":notes", "Discretionary penalty");
                 else
-                    addResult.bind(8);
+                    addResult.bind(":notes");
                 addResult.exec();
                 addResult.reset();
             }
         }
         // The main window opens on the season's last race.
         SQLite::Statement remember(
-            db, "INSERT OR REPLACE INTO Settings (Parameter, Value) VALUES (?, ?)");
+            db, "INSERT OR REPLACE INTO Settings (Parameter, Value) VALUES (:parameter, :value)");
         const std::pair<const char*, std::string> context[] = {
             {"LastSeriesYr", std::to_string(kYear)},
             {"LastSeries", "1"},
             {"LastSchedule", raceIds.empty() ? std::string() : std::to_string(raceIds.back())}};
         for (const auto& [parameter, value] : context) {
-            remember.bind(1, parameter);
-            remember.bind(2, value);
+            remember.bind(":parameter", parameter);
+            remember.bind(":value", value);
             remember.exec();
             remember.reset();
         }
@@ -397,7 +406,8 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
         RowSet races;
         Msg = results.GetSchedule(races, 1);
         for (std::size_t r = 0; Msg.empty() && !races.IsEmpty() && r < races.Rows(); ++r)
-            Msg = results.ComputeResultTimes(static_cast<int>(races(0, r).AsInt()), problems);
+            Msg = results.ComputeResultTimes(
+                static_cast<int>(races(clResults::ScheduleCol::Id, r).AsInt()), problems);
     }
     DataFile = previousDataFile;
     return Msg;

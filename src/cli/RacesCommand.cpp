@@ -19,11 +19,13 @@ int ListRaces(const std::string& data) {
     std::string Msg = db.GetSeries(series, "");
     for (std::size_t s = 0; Msg.empty() && !series.IsEmpty() && s < series.Rows(); ++s) {
         RowSet races;
-        Msg = db.GetSchedule(races, static_cast<int>(series(0, s).AsInt()));
+        Msg = db.GetSchedule(races, static_cast<int>(series(clResults::SeriesCol::Id, s).AsInt()));
         for (std::size_t r = 0; Msg.empty() && !races.IsEmpty() && r < races.Rows(); ++r) {
-            std::cout << races(0, r).ToText() << '\t' << series(0, s).ToText() << '\t'
-                      << series(1, s).ToText() << '\t' << races(1, r).ToText() << '\t'
-                      << Format(races(2, r), "dd/mm/yyyy") << '\n';
+            std::cout << races(clResults::ScheduleCol::Id, r).ToText() << '\t'
+                      << series(clResults::SeriesCol::Id, s).ToText() << '\t'
+                      << series(clResults::SeriesCol::Title, s).ToText() << '\t'
+                      << races(clResults::ScheduleCol::RaceName, r).ToText() << '\t'
+                      << Format(races(clResults::ScheduleCol::RaceDate, r), "dd/mm/yyyy") << '\n';
         }
     }
     return Msg.empty() ? kDone : Fail(Msg);

@@ -64,7 +64,7 @@ std::string clResults::GetBoats(RowSet& Boats) {
 std::string clResults::GetSeriesForBoat(int BoatId, RowSet& Series) {
     return Run("GetSeriesForBoat", Shape::Query, [&] {
         Series = Query(kSeriesForBoat, {BoatId});
-        ReadAsDates(Series, 0);
+        ReadAsDates(Series, SeriesEnteredCol::FirstRaceDate);
         return std::string();
     });
 }

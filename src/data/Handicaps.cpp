@@ -61,9 +61,6 @@ WHERE Id=?7)sql";
 constexpr const char* kEndHandicap = "UPDATE Handicap SET Expires=?1, ModifyDate=?2 WHERE Id=?3";
 constexpr const char* kRemoveHandicapType = "DELETE FROM HandicapType WHERE Id=?1";
 
-constexpr std::size_t kEffectiveFromColumn = 2;
-constexpr std::size_t kExpiresColumn = 3;
-
 }  // namespace
 
 std::string clResults::GetHandicapTypes(RowSet& Types) {
@@ -90,7 +87,7 @@ std::string clResults::GetBoatsUsingHandicap(int HandicapTypeId, RowSet& Boats) 
 std::string clResults::GetClassesUsingHandicap(int HandicapTypeId, RowSet& Classes) {
     return Run("GetClassesUsingHandicap", Shape::Query, [&] {
         Classes = Query(kClassesUsingHandicap, {HandicapTypeId});
-        ReadAsDates(Classes, 1);
+        ReadAsDates(Classes, ClassesUsingCol::SeriesDate);
         return std::string();
     });
 }
@@ -98,7 +95,7 @@ std::string clResults::GetClassesUsingHandicap(int HandicapTypeId, RowSet& Class
 std::string clResults::GetSeriesUsingHandicap(int HandicapTypeId, RowSet& Series) {
     return Run("GetSeriesUsingHandicap", Shape::Query, [&] {
         Series = Query(kSeriesUsingHandicap, {HandicapTypeId});
-        ReadAsDates(Series, 1);
+        ReadAsDates(Series, SeriesUsingCol::SeriesDate);
         return std::string();
     });
 }
@@ -108,11 +105,11 @@ std::string clResults::GetHandicapDetail(int Id, RowSet& Detail) {
         // 0 starts a new handicap and -Id revises handicap Id: both get a fresh period.
         const bool freshPeriod = Id < 1;
         RowSet found = Query(kHandicapDetail, {freshPeriod ? -Id : Id});
-        Detail = found.IsEmpty() ? RowSet(4, 1) : std::move(found);
+        Detail = found.IsEmpty() ? RowSet(HandicapDetailCol::Count, 1) : std::move(found);
         if (freshPeriod) {
             const DateTime today = Today();
-            Detail(kEffectiveFromColumn, 0) = Value(today);
-            Detail(kExpiresColumn, 0) = Value(MakeDateTime(YearOf(today), 12, 31));
+            Detail(HandicapDetailCol::EffectiveFrom, 0) = Value(today);
+            Detail(HandicapDetailCol::Expires, 0) = Value(MakeDateTime(YearOf(today), 12, 31));
         }
         return std::string();
     });

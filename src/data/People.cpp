@@ -48,7 +48,7 @@ constexpr const char* kRemovePerson = "DELETE FROM People WHERE Id=?1";
 
 // What a find gives when nobody matches: one row whose Id is empty, so the caller reads 0.
 RowSet NobodyFound() {
-    return RowSet(1, 1);
+    return RowSet(clResults::FoundCol::Count, 1);
 }
 
 }  // namespace
@@ -73,7 +73,7 @@ std::string clResults::GetPersonDetails(int Id, RowSet& Detail) {
 std::string clResults::GetSeriesForPerson(int PersonId, RowSet& Series) {
     return Run("GetSeriesForPerson", Shape::Query, [&] {
         Series = Query(kSeriesForPerson, {PersonId});
-        ReadAsDates(Series, 0);
+        ReadAsDates(Series, SeriesEnteredCol::FirstRaceDate);
         return std::string();
     });
 }

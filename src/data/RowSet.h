@@ -7,6 +7,10 @@
 
 namespace tb {
 
+// The column of a one-column query (a count or an Id found) and the row of a one-row answer.
+constexpr std::size_t kOnlyColumn = 0;
+constexpr std::size_t kFirstRow = 0;
+
 // The output of a query: indexed column first, row second, both from 0. A query that found no
 // row leaves it "empty" (no columns at all), which callers test before taking bounds; a row set
 // of empty values (columns but Null cells) is not empty.

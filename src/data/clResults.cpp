@@ -23,10 +23,11 @@ constexpr const char* kTables[] = {
     "Entrant", "EntryList",     "Start",    "Results",      "Status",   "Settings"};
 
 void CheckTallyboardTables(SQLite::Database& db) {
-    SQLite::Statement st(db, "SELECT count(*) FROM sqlite_master WHERE type='table' AND name=?");
+    SQLite::Statement st(db,
+                         "SELECT count(*) FROM sqlite_master WHERE type='table' AND name=:table");
     for (const char* table : kTables) {
         st.reset();
-        st.bind(1, table);
+        st.bind(":table", table);
         st.executeStep();
         if (st.getColumn(0).getInt() == 0) {
             throw RunTimeFault(

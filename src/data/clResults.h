@@ -49,22 +49,65 @@ public:
 
     // ---- Boats, models and handicaps
     std::string GetBoats(RowSet& Boats);
+    struct BoatsCol {
+        enum : std::size_t { Id, BoatName, Model, FullSailNo, SailNo };
+    };
     std::string GetModels(RowSet& Models);
+    struct ModelsCol {
+        enum : std::size_t { Id, Model, Draft };
+    };
     std::string GetHandicapTypes(RowSet& Types);
+    struct HandicapTypesCol {
+        enum : std::size_t { Id, Description };
+    };
     std::string GetHandicaps(int BoatId, RowSet& Handicaps);
+    struct HandicapsCol {
+        enum : std::size_t { Id, Description, Handicap, EffectiveFrom, Expires };
+    };
     std::string GetSeriesForBoat(int BoatId, RowSet& Series);
+    // Columns of GetSeriesForBoat and GetSeriesForPerson.
+    struct SeriesEnteredCol {
+        enum : std::size_t { FirstRaceDate, Title };
+    };
     std::string GetBoatsOfModel(int ModelId, RowSet& Boats);
     std::string GetBoatsOwned(int PersonId, RowSet& Boats);
+    // Columns of GetBoatsOfModel and GetBoatsOwned.
+    struct BoatNamesCol {
+        enum : std::size_t { BoatName, FullSailNo };
+    };
     std::string FindBoat(const std::string& FullSailNo, RowSet& Boats);
+    // Columns of FindBoat, FindName and FindPerson.
+    struct FoundCol {
+        enum : std::size_t { Id, Count };
+    };
     std::string GetBoatsUsingHandicap(int HandicapTypeId, RowSet& Boats);
+    struct BoatsUsingCol {
+        enum : std::size_t { BoatName };
+    };
     std::string GetClassesUsingHandicap(int HandicapTypeId, RowSet& Classes);
+    struct ClassesUsingCol {
+        enum : std::size_t { Title, SeriesDate, ClassName };
+    };
     std::string GetSeriesUsingHandicap(int HandicapTypeId, RowSet& Series);
+    // Columns of GetSeriesUsingHandicap, GetSeriesUsingScoring and GetSeriesUsingDiscard.
+    struct SeriesUsingCol {
+        enum : std::size_t { Title, SeriesDate };
+    };
     std::string GetBoatDetails(int Id, RowSet& Detail);
+    struct BoatDetailCol {
+        enum : std::size_t { BoatName, BoatType, FullSailNo, Owner };
+    };
     std::string GetModelDetails(int Id, RowSet& Detail);
+    struct ModelDetailCol {
+        enum : std::size_t { Model, LOA, Draft };
+    };
     // Id 0 or above reads that handicap (an empty row when there is none); a negative Id reads
     // handicap -Id as the template of a revision. Both 0 and negative Ids give a period from
     // today to the end of the year.
     std::string GetHandicapDetail(int Id, RowSet& Detail);
+    struct HandicapDetailCol {
+        enum : std::size_t { HandicapType, Handicap, EffectiveFrom, Expires, Count };
+    };
     // Id 0 adds a boat; the new Id comes back in Id.
     std::string PutBoatDetails(int& Id, const std::string& BoatName, const std::string& FullSailNo,
                                int BoatType, int Owner);
@@ -81,7 +124,29 @@ public:
 
     // ---- People
     std::string GetPeople(RowSet& People);
+    struct PeopleCol {
+        enum : std::size_t { Id, Person, City, Postcode };
+    };
     std::string GetPersonDetails(int Id, RowSet& Detail);
+    struct PersonDetailCol {
+        enum : std::size_t {
+            Title,
+            Firstname,
+            Lastname,
+            Address1,
+            Address2,
+            City,
+            Postcode,
+            Country,
+            TelNo,
+            FaxNo,
+            DayTelNo,
+            MobileNo,
+            ClubMember,
+            EmailAddress,
+            Count
+        };
+    };
     std::string GetSeriesForPerson(int PersonId, RowSet& Series);
     // Both finds give one row with an empty Id when nobody matches.
     std::string FindName(const std::string& Firstname, const std::string& Lastname, RowSet& People);
@@ -98,19 +163,34 @@ public:
 
     // ---- Series and class splits
     std::string GetSeriesDetails(int SeriesId, RowSet& Rows);
+    struct SeriesDetailCol {
+        enum : std::size_t { Title, SubseriesTitle, Scoring, Discards };
+    };
     std::string PutSeriesDetails(int& SeriesId, const std::string& Title,
                                  const std::string& SubseriesTitle, int Scoring,
                                  const std::string& Discards);
     std::string RemoveSeries(int SeriesId);
     std::string GetClassSplits(RowSet& Rows, int SeriesId);
+    struct ClassSplitsCol {
+        enum : std::size_t { Id, Description, ClassName, MinTCF };
+    };
     std::string GetClassDetails(int ClassId, RowSet& Rows);
+    struct ClassDetailCol {
+        enum : std::size_t { HandicapType, ClassName, MinTCF };
+    };
     std::string PutClassDetails(int ClassId, int SeriesId, const std::string& ClassName,
                                 const std::string& MinTCF, short HandicapType);
     std::string RemoveClass(int ClassId);
     std::string GetEntryClasses(int SeriesId, RowSet& Rows);
+    struct EntryClassesCol {
+        enum : std::size_t { Id, ClassName, Flag, Description };
+    };
 
     // ---- Race schedule
     std::string GetRaceDetails(int ScheduleId, RowSet& Rows);
+    struct RaceDetailCol {
+        enum : std::size_t { RaceName, RaceDate, InSubSeries, Reference };
+    };
     std::string PutScheduleDetails(int ScheduleId, int Series, const std::string& RaceName,
                                    const std::string& RaceDate, bool InSubSeries,
                                    const std::string& Reference);
@@ -118,10 +198,20 @@ public:
 
     // ---- Entries
     std::string GetEntries(int SeriesId, RowSet& Rows);
+    struct EntriesCol {
+        enum : std::size_t { BoatId, BoatName, EntrantId, FullSailNo };
+    };
     std::string GetEntriesForRace(int ScheduleId, RowSet& Rows);
+    struct RaceEntriesCol {
+        enum : std::size_t { EntrantId, BoatName, FullSailNo };
+    };
     std::string GetEntryDetails(int BoatId, int SeriesId, int& EntrantPerson, int& ClassId,
                                 std::string& EntryDate, short& EntrantType,
                                 std::string& NameOnResults, RowSet& RaceRows);
+    // Columns of GetEntryDetails's race rows.
+    struct EntrantRacesCol {
+        enum : std::size_t { Race, Handicap };
+    };
     // The entrant's race list becomes exactly the positive Ids of Races; Ids of races that stay
     // entered are set to 0.
     std::string PutEntryDetails(int BoatId, int SeriesId, int EntrantPerson, int ClassId,
@@ -132,10 +222,19 @@ public:
 
     // ---- Years, series and races of the main window
     std::string GetYears(RowSet& Years);
+    struct YearsCol {
+        enum : std::size_t { Year };
+    };
     std::string GetCurrentYear(RowSet& Years, std::string& CurrentYear);
     std::string GetSeries(RowSet& Series, const std::string& Year);
+    struct SeriesCol {
+        enum : std::size_t { Id, Title };
+    };
     std::string GetCurrentSeries(RowSet& Series, int& CurrentSeries, const std::string& Year);
     std::string GetSchedule(RowSet& Schedule, int SeriesId);
+    struct ScheduleCol {
+        enum : std::size_t { Id, RaceName, RaceDate, InSubSeries };
+    };
     std::string GetCurrentSchedule(RowSet& Schedule, int SeriesId, int& CurrentSchedule);
 
     // ---- Start times
@@ -144,9 +243,25 @@ public:
     // ClassId, RaceId (the Start Id), ClassName, StartTime, Schedule, TopNote, Footnote,
     // RaceDate. Rows stays untouched when the series has no classes.
     std::string GetStartTimes(int SeriesId, int RaceId, RowSet& Rows);
+    struct StartTimesCol {
+        enum : std::size_t {
+            Series,
+            ClassId,
+            StartId,
+            ClassName,
+            StartTime,
+            Race,
+            TopNote,
+            Footnote,
+            RaceDate
+        };
+    };
     // One row: class name, start time, race, Start Id; a class without a start time in the race
     // gives its name, two empty texts and 0; an entrant without a class gives four empty cells.
     std::string GetStartTimeForEntrant(int RaceId, int EntrantId, RowSet& Row);
+    struct EntrantStartCol {
+        enum : std::size_t { ClassName, StartTime, Race, StartId, Count };
+    };
     // StartTime is a date-time or Null (not started); empty texts are stored as Null.
     std::string PutStartTime(int StartId, const Value& StartTime, const std::string& TopNote,
                              const std::string& Footnote);
@@ -155,6 +270,18 @@ public:
     // One row of seven columns: Id, FinishTime, Status, PenaltyMins, PenaltyPercent,
     // PenaltyPoints, Notes; all empty when the entrant has no result in the race.
     std::string GetResult(int RaceId, int EntrantId, RowSet& Row);
+    struct ResultCol {
+        enum : std::size_t {
+            Id,
+            FinishTime,
+            Status,
+            PenaltyMins,
+            PenaltyPercent,
+            PenaltyPoints,
+            Notes,
+            Count
+        };
+    };
     // FinishTime is "hhmmss" or empty (no time taken), FinishDate "dd mmm yyyy"; penalties are
     // numbers as typed, empty for none. Creates the race's result of the entrant or updates it.
     std::string PutResult(int RaceId, int EntrantId, const std::string& FinishTime,
@@ -163,10 +290,16 @@ public:
                           const std::string& Notes);
     // Id, Code, Description ordered by code.
     std::string GetStatus(RowSet& Rows);
+    struct StatusCol {
+        enum : std::size_t { Id, Code, Description };
+    };
     // The race's entered boats matching Search: all digits searches the sail number, digits with
     // letters the full sail number exactly, no digits the start of the boat name. Columns:
     // Entrant.Id, BoatName, FullSailNo, ClassName. No match leaves one empty cell.
     std::string GetBoatInRace(int RaceId, const std::string& Search, RowSet& Rows);
+    struct BoatInRaceCol {
+        enum : std::size_t { EntrantId, BoatName, FullSailNo, ClassName };
+    };
 
     // ---- Scoring and discard systems
     // Points values as typed: places 1 to 7, then the values of the DNF/DNS/OCS/RAF,
@@ -176,8 +309,18 @@ public:
     using DiscardLines = std::array<std::array<std::string, 5>, 2>;
     std::string GetScoring(RowSet& Systems);
     std::string GetDiscards(RowSet& Systems);
+    // Columns of GetScoring and GetDiscards.
+    struct SystemsCol {
+        enum : std::size_t { Id, Description };
+    };
     std::string GetScoringDetail(int ScoringId, RowSet& Points);
+    struct ScoringDetailCol {
+        enum : std::size_t { Status, Place, Base, Value, MinValue };
+    };
     std::string GetDiscardDetail(int DiscardId, RowSet& Lines);
+    struct DiscardDetailCol {
+        enum : std::size_t { RacesRun, Discards };
+    };
     std::string GetSeriesUsingScoring(int ScoringId, RowSet& Series);
     std::string GetSeriesUsingDiscard(int DiscardId, RowSet& Series);
     // Saves a scoring system and a discard system together. An Id that is no existing system
@@ -191,6 +334,11 @@ public:
 
     // ---- Elapsed and corrected times
     std::string ComputeResultTimes(int RaceId, RowSet& Problems);
+    // Columns of the problems: a boat without exactly one handicap for the race, with Class 0
+    // when the boat is in no specific class.
+    struct ProblemsCol {
+        enum : std::size_t { Boat, BoatName, Handicaps, Description, RaceDate, Class, Count };
+    };
 
     // ---- Race points
     std::string ComputePoints(int RaceId, short Option);
@@ -199,10 +347,71 @@ public:
     // Discards: one row per class of the races-run list; column 0 the number of discards,
     // column 1 the class Id, so that reports match them to classes by Id.
     std::string ComputeSeriesPoints(int RaceId, short Option, RowSet& Discards);
+    struct DiscardsCol {
+        enum : std::size_t { Discards, ClassId, Count };
+    };
 
     // ---- Race and cumulative results
     std::string GetRaceResults(int RaceId, short Option, RowSet& ClassRows, RowSet& BoatRows);
+    // Columns of the race's class rows (the entry lists' class rows share them up to Footnote).
+    struct RaceClassCol {
+        enum : std::size_t {
+            ClassId,
+            Entrants,
+            Starters,
+            Title,
+            SubseriesTitle,
+            RaceName,
+            RaceDate,
+            Started,
+            ClassName,
+            Header,
+            Comment,
+            TopNote,
+            Footnote,
+            SeriesId,
+            Reference,
+            CumulativeTitle
+        };
+    };
+    // Columns of the race's boat rows; Elapsed and Corrected come back as h:mm:ss.
+    struct RaceBoatCol {
+        enum : std::size_t {
+            StartId,
+            ClassId,
+            BoatName,
+            FullSailNo,
+            Owner,
+            Handicap,
+            Finished,
+            Elapsed,
+            Corrected,
+            Points,
+            Status,
+            Position,
+            Notes,
+            PenaltyMins,
+            PenaltyPercent,
+            PenaltyPoints,
+            Model
+        };
+    };
     std::string GetCumulativeResults(int RaceId, short Option, RowSet& CumulativeRows);
+    struct StandingsCol {
+        enum : std::size_t {
+            ClassId,
+            ClassName,
+            BoatId,
+            BoatName,
+            FullSailNo,
+            RaceDate,
+            RaceName,
+            Points,
+            Total,
+            Position,
+            Count
+        };
+    };
 
     // ---- Reports
     // Writes the report of the kind (0 to 5: E, A, C, R, S, B) with the report menu's action for

@@ -259,7 +259,7 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
 
         // Gather the data.
         RowSet ClassRows;
-        RowSet Problems(6, 1);
+        RowSet Problems(ProblemsCol::Count, 1);
         std::string Xml;
         std::string Msg;
         if (Letter == "A" || Letter == "C" || Letter == "E") {
@@ -294,7 +294,7 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
             return Msg;
 
         // The year folder and the report's path.
-        const Value& raceDate = ClassRows(6, 0);
+        const Value& raceDate = ClassRows(RaceClassCol::RaceDate, 0);
         const std::string month = Format(raceDate, "mm");
         const std::string day = Format(raceDate, "dd");
         const std::string folder = ReportPath + Format(raceDate, "yyyy") + "/";
@@ -305,13 +305,14 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
         } else if (!action.OutputFile.empty()) {
             reportPath = folder + action.OutputFile;
         } else {
-            reportPath = folder + month + day + "_" + Format(ClassRows(7, 0), "hhmm") + "_" +
+            reportPath = folder + month + day + "_" +
+                         Format(ClassRows(RaceClassCol::Started, 0), "hhmm") + "_" +
                          std::to_string(Option) + Letter +
                          (action.StyleSheet.empty() ? ".xml" : ".htm");
         }
 
         // Unsettled handicaps: the problem report, linking to the results, is what is shown.
-        const bool problems = !Problems(0, 0).IsNull();
+        const bool problems = !Problems(ProblemsCol::Boat, 0).IsNull();
         if (!problems) {
             OutputPath = reportPath;
         } else {

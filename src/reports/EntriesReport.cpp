@@ -25,6 +25,31 @@ JOIN Class ON Series.Id = Class.Series
 JOIN HandicapType ON Class.HandicapType = HandicapType.Id
 WHERE Schedule.Id = ?1
 ORDER BY Class.ClassName)sql";
+struct EntryClassCol {
+    enum : std::size_t {
+        ClassId,
+        Entrants,
+        Starters,
+        Title,
+        SubseriesTitle,
+        RaceName,
+        RaceDate,
+        Started,
+        ClassName,
+        Header,
+        Comment,
+        TopNote,
+        Footnote,
+        SubName,
+        SeriesId,
+        Reference,
+        Description
+    };
+};
+// The report reads the race date, start and titles of either kind of class rows alike.
+static_assert(std::size_t{EntryClassCol::Footnote} == clResults::RaceClassCol::Footnote &&
+              std::size_t{EntryClassCol::Title} == clResults::RaceClassCol::Title &&
+              std::size_t{EntryClassCol::Started} == clResults::RaceClassCol::Started);
 
 // The entry query: each boat entered in the race with the highest handicap of its class's type
 // valid on the race date (a boat without a model still listed), then, with the TCF 9.999, each
@@ -77,6 +102,21 @@ WHERE EntryList.Schedule = ?1)sql" +
 ORDER BY 1, 2 DESC, 3)sql";
 }
 
+struct EntryRowCol {
+    enum : std::size_t {
+        ClassId,
+        Tcf,
+        BoatName,
+        Model,
+        FullSailNo,
+        EntrantName,
+        EntrantType,
+        SailNo,
+        Draft,
+        LOA
+    };
+};
+
 std::string Attribute(const char* name, const Value& value) {
     return std::string(" ") + name + "=" + AttributeValue(value);
 }
@@ -96,17 +136,18 @@ std::string clResults::ReportEntries(int RaceId, short Option, RowSet& ClassRows
             Msg = GetSetting("Comment", comment);
         if (!Msg.empty())
             return Msg;
-        ClassRows(9, 0) = Value(header);
-        ClassRows(10, 0) = Value(comment);
+        ClassRows(EntryClassCol::Header, 0) = Value(header);
+        ClassRows(EntryClassCol::Comment, 0) = Value(comment);
         switch (Option) {
             case 0:
-                ClassRows(4, 0) = Value("Series competitors only");
+                ClassRows(EntryClassCol::SubseriesTitle, 0) = Value("Series competitors only");
                 break;
             case 1:
-                ClassRows(4, 0) = Value(ToText(ClassRows(4, 0)) + " competitors only");
+                ClassRows(EntryClassCol::SubseriesTitle, 0) = Value(
+                    ToText(ClassRows(EntryClassCol::SubseriesTitle, 0)) + " competitors only");
                 break;
             default:
-                ClassRows(4, 0) = Value("All competitors");
+                ClassRows(EntryClassCol::SubseriesTitle, 0) = Value("All competitors");
                 break;
         }
         const RowSet entries = Query(EntryRowsSql(EntrantTypeFilter(Option)), {RaceId});
@@ -121,30 +162,36 @@ std::string clResults::ReportEntriesXML(short Option, const std::string& Letter,
                                         std::string& Xml) {
     return RunWriter("ReportEntriesXML", [&] {
         Xml = std::string(kXmlDeclaration) + kCrLf + "<RaceEntries" +
-              Attribute("Organisation", ClassRows(9, 0)) + Attribute("Series", ClassRows(3, 0)) +
-              Attribute("SubSeries", ClassRows(13, 0)) + Attribute("Race", ClassRows(5, 0)) +
-              Attribute("RaceId", ClassRows(15, 0)) +
-              Attribute("Year", Value(Format(ClassRows(6, 0), "yyyy"))) +
-              Attribute("ScheduleDate", Value(Format(ClassRows(6, 0), "dd mmm yyyy"))) +
+              Attribute("Organisation", ClassRows(EntryClassCol::Header, 0)) +
+              Attribute("Series", ClassRows(EntryClassCol::Title, 0)) +
+              Attribute("SubSeries", ClassRows(EntryClassCol::SubName, 0)) +
+              Attribute("Race", ClassRows(EntryClassCol::RaceName, 0)) +
+              Attribute("RaceId", ClassRows(EntryClassCol::Reference, 0)) +
+              Attribute("Year", Value(Format(ClassRows(EntryClassCol::RaceDate, 0), "yyyy"))) +
+              Attribute("ScheduleDate",
+                        Value(Format(ClassRows(EntryClassCol::RaceDate, 0), "dd mmm yyyy"))) +
               HeaderAttributes(Option, Letter);
         for (std::size_t i = 0; i < ClassRows.Rows(); ++i) {
-            const Value& classId = ClassRows(0, i);
-            Xml += "<ClassList" + Attribute("Class", ClassRows(8, i)) +
-                   Attribute("HandicapType", ClassRows(16, i)) + Attribute("ClassId", classId) +
-                   Attribute("href", Value(ClassLink(ToText(ClassRows(8, i))))) +
-                   Attribute("Title", ClassRows(4, i)) + ">";
+            const Value& classId = ClassRows(EntryClassCol::ClassId, i);
+            Xml += "<ClassList" + Attribute("Class", ClassRows(EntryClassCol::ClassName, i)) +
+                   Attribute("HandicapType", ClassRows(EntryClassCol::Description, i)) +
+                   Attribute("ClassId", classId) +
+                   Attribute("href",
+                             Value(ClassLink(ToText(ClassRows(EntryClassCol::ClassName, i))))) +
+                   Attribute("Title", ClassRows(EntryClassCol::SubseriesTitle, i)) + ">";
             for (std::size_t j = 0; j < EntryRows.Rows(); ++j) {
-                if (EntryRows(0, j) != classId)
+                if (EntryRows(EntryRowCol::ClassId, j) != classId)
                     continue;
-                Xml += "<Entry BoatName= " + AttributeValue(EntryRows(2, j)) +
-                       Attribute("BoatType", EntryRows(3, j)) +
-                       Attribute("SailNo", EntryRows(7, j)) +
-                       Attribute("FullSailNo", EntryRows(4, j)) +
-                       Attribute("Entrant", EntryRows(5, j)) +
-                       Attribute("SeriesEntrant", EntryRows(6, j)) +
-                       Attribute("TCF", Value(Format(EntryRows(1, j), "0.000"))) +
-                       Attribute("Draft", Value(Format(EntryRows(8, j), "0.0"))) +
-                       Attribute("LOA", Value(Format(EntryRows(9, j), "0.0"))) + "/>" + kCrLf;
+                Xml += "<Entry BoatName= " + AttributeValue(EntryRows(EntryRowCol::BoatName, j)) +
+                       Attribute("BoatType", EntryRows(EntryRowCol::Model, j)) +
+                       Attribute("SailNo", EntryRows(EntryRowCol::SailNo, j)) +
+                       Attribute("FullSailNo", EntryRows(EntryRowCol::FullSailNo, j)) +
+                       Attribute("Entrant", EntryRows(EntryRowCol::EntrantName, j)) +
+                       Attribute("SeriesEntrant", EntryRows(EntryRowCol::EntrantType, j)) +
+                       Attribute("TCF", Value(Format(EntryRows(EntryRowCol::Tcf, j), "0.000"))) +
+                       Attribute("Draft", Value(Format(EntryRows(EntryRowCol::Draft, j), "0.0"))) +
+                       Attribute("LOA", Value(Format(EntryRows(EntryRowCol::LOA, j), "0.0"))) +
+                       "/>" + kCrLf;
             }
             Xml += std::string(kCrLf) + "</ClassList>" + kCrLf;
         }

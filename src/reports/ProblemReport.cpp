@@ -71,18 +71,20 @@ std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const 
         const std::string crlf = kCrLf;
         Html = "<HEAD>" + crlf +
                R"(<META HTTP-EQUIV="Content-Type" CONTENT="text/html; charset=windows-1252">)" +
-               crlf + "<TITLE>" + PageText(ClassRows(3, 0)) + "&nbsp;" + PageText(ClassRows(5, 0)) +
-               "</TITLE>" + crlf + ProblemStyleBlock() + crlf + "</HEAD>" + crlf +
+               crlf + "<TITLE>" + PageText(ClassRows(RaceClassCol::Title, 0)) + "&nbsp;" +
+               PageText(ClassRows(RaceClassCol::RaceName, 0)) + "</TITLE>" + crlf +
+               ProblemStyleBlock() + crlf + "</HEAD>" + crlf +
                "<BODY><P CLASS=CBS ID=idc>&nbsp;</P>" + crlf +
                "<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>" + crlf;
         for (std::size_t k = 0; k < Problems.Rows(); ++k) {
-            const std::string boat = PageText(Problems(1, k));
-            if (Problems(5, k).AsInt() == 0) {
+            const std::string boat = PageText(Problems(ProblemsCol::BoatName, k));
+            if (Problems(ProblemsCol::Class, k).AsInt() == 0) {
                 Html += "<P>" + boat + " is not entered in a specific class</P>";
             } else {
-                Html += "<P>" + boat + " has " + ToText(Problems(2, k)) + " active " +
-                        PageText(Problems(3, k)) + " handicaps on " + ToText(Problems(4, k)) +
-                        "</P>" + crlf;
+                Html += "<P>" + boat + " has " + ToText(Problems(ProblemsCol::Handicaps, k)) +
+                        " active " + PageText(Problems(ProblemsCol::Description, k)) +
+                        " handicaps on " + ToText(Problems(ProblemsCol::RaceDate, k)) + "</P>" +
+                        crlf;
             }
         }
         Html += "<P>&nbsp;</P><P><A HREF='" + PageText(Value(ResultsFile)) +

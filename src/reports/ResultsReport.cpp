@@ -11,8 +11,8 @@ namespace {
 // The class's number of discards in effect; a class the series computation did not list has none.
 long long DiscardsOfClass(const RowSet& SeriesPointsRows, const Value& classId) {
     for (std::size_t r = 0; !SeriesPointsRows.IsEmpty() && r < SeriesPointsRows.Rows(); ++r) {
-        if (SeriesPointsRows(1, r) == classId)
-            return SeriesPointsRows(0, r).AsInt();
+        if (SeriesPointsRows(clResults::DiscardsCol::ClassId, r) == classId)
+            return SeriesPointsRows(clResults::DiscardsCol::Discards, r).AsInt();
     }
     return 0;
 }
@@ -23,24 +23,30 @@ std::string Attribute(const char* name, const Value& value) {
 
 std::string ResultElement(const RowSet& rows, std::size_t j) {
     std::string notes;
-    AppendPenaltyNote(rows(13, j), "min", notes);
-    AppendPenaltyNote(rows(14, j), "%", notes);
-    AppendPenaltyNote(rows(15, j), "pl", notes);
-    const std::string status = ToText(rows(10, j));
+    AppendPenaltyNote(rows(clResults::RaceBoatCol::PenaltyMins, j), "min", notes);
+    AppendPenaltyNote(rows(clResults::RaceBoatCol::PenaltyPercent, j), "%", notes);
+    AppendPenaltyNote(rows(clResults::RaceBoatCol::PenaltyPoints, j), "pl", notes);
+    const std::string status = ToText(rows(clResults::RaceBoatCol::Status, j));
     if (!status.empty())
         notes = status + " " + notes;
-    const std::string note = ToText(rows(12, j));
+    const std::string note = ToText(rows(clResults::RaceBoatCol::Notes, j));
     if (!note.empty())
         notes = notes + " " + note;
-    const Value points(std::fabs(rows(9, j).AsDouble()));
+    const Value points(std::fabs(rows(clResults::RaceBoatCol::Points, j).AsDouble()));
 
-    return "<Result BoatName= " + AttributeValue(rows(2, j)) + Attribute("BoatType", rows(16, j)) +
-           Attribute("SailNo", rows(3, j)) + Attribute("Skipper", rows(4, j)) +
-           Attribute("TCF", Value(Format(rows(5, j), "0.000"))) +
-           Attribute("Finish", Value(Format(rows(6, j), "dd mmm yyyy hh:nn:ss"))) +
-           Attribute("Elapsed", rows(7, j)) + Attribute("Corrected", rows(8, j)) +
-           Attribute("Position", rows(11, j)) + Attribute("Points", points) +
-           Attribute("Status", rows(10, j)) + Attribute("Notes", Value(notes)) + "/>" + kCrLf;
+    return "<Result BoatName= " + AttributeValue(rows(clResults::RaceBoatCol::BoatName, j)) +
+           Attribute("BoatType", rows(clResults::RaceBoatCol::Model, j)) +
+           Attribute("SailNo", rows(clResults::RaceBoatCol::FullSailNo, j)) +
+           Attribute("Skipper", rows(clResults::RaceBoatCol::Owner, j)) +
+           Attribute("TCF", Value(Format(rows(clResults::RaceBoatCol::Handicap, j), "0.000"))) +
+           Attribute("Finish", Value(Format(rows(clResults::RaceBoatCol::Finished, j),
+                                            "dd mmm yyyy hh:nn:ss"))) +
+           Attribute("Elapsed", rows(clResults::RaceBoatCol::Elapsed, j)) +
+           Attribute("Corrected", rows(clResults::RaceBoatCol::Corrected, j)) +
+           Attribute("Position", rows(clResults::RaceBoatCol::Position, j)) +
+           Attribute("Points", points) +
+           Attribute("Status", rows(clResults::RaceBoatCol::Status, j)) +
+           Attribute("Notes", Value(notes)) + "/>" + kCrLf;
 }
 
 }  // namespace
@@ -51,8 +57,8 @@ std::string clResults::ReportRaceResults(short Option, const std::string& Letter
                                          const RowSet& SeriesPointsRows, std::string& Xml) {
     return RunWriter("ReportRaceResults", [&] {
         for (std::size_t i = 0; i < ClassRows.Rows(); ++i) {
-            Value& title = ClassRows(4, i);
-            Value& subTitle = ClassRows(15, i);
+            Value& title = ClassRows(RaceClassCol::SubseriesTitle, i);
+            Value& subTitle = ClassRows(RaceClassCol::CumulativeTitle, i);
             switch (Option) {
                 case 0:
                     title = Value("Series entrants");
@@ -62,15 +68,17 @@ std::string clResults::ReportRaceResults(short Option, const std::string& Letter
                     if (i == 0 && ToText(title).empty())
                         title = Value("Subseries");
                     if (i > 0)
-                        title = ClassRows(4, 0);
-                    subTitle = Value(ToText(ClassRows(4, 0)) + " points overall");
+                        title = ClassRows(RaceClassCol::SubseriesTitle, 0);
+                    subTitle = Value(ToText(ClassRows(RaceClassCol::SubseriesTitle, 0)) +
+                                     " points overall");
                     break;
                 default:
                     title = Value(std::string());
                     subTitle = Value("Points overall");
                     break;
             }
-            const bool discarding = DiscardsOfClass(SeriesPointsRows, ClassRows(0, i)) > 0;
+            const bool discarding =
+                DiscardsOfClass(SeriesPointsRows, ClassRows(RaceClassCol::ClassId, i)) > 0;
             if (Letter == "B" && discarding)
                 subTitle = Value(ToText(subTitle) + " - discards marked *");
             if (Letter == "S") {
@@ -92,22 +100,26 @@ std::string clResults::ReportXML(short Option, const std::string& Letter, int Vi
     return RunWriter("ReportXML", [&] {
         std::string Msg;
         Xml = std::string(kXmlDeclaration) + kCrLf + "<RaceResults" +
-              Attribute("Organisation", ClassRows(9, 0)) + Attribute("Series", ClassRows(3, 0)) +
-              Attribute("Race", ClassRows(5, 0)) + Attribute("RaceId", ClassRows(14, 0)) +
-              Attribute("Year", Value(Format(ClassRows(6, 0), "yyyy"))) +
-              Attribute("ScheduleDate", Value(Format(ClassRows(6, 0), "dd mmm yyyy"))) +
+              Attribute("Organisation", ClassRows(RaceClassCol::Header, 0)) +
+              Attribute("Series", ClassRows(RaceClassCol::Title, 0)) +
+              Attribute("Race", ClassRows(RaceClassCol::RaceName, 0)) +
+              Attribute("RaceId", ClassRows(RaceClassCol::Reference, 0)) +
+              Attribute("Year", Value(Format(ClassRows(RaceClassCol::RaceDate, 0), "yyyy"))) +
+              Attribute("ScheduleDate",
+                        Value(Format(ClassRows(RaceClassCol::RaceDate, 0), "dd mmm yyyy"))) +
               Attribute("Mode", Value(Viewer)) + HeaderAttributes(Option, Letter);
 
         for (std::size_t i = 0; i < ClassRows.Rows(); ++i) {
-            const Value& classId = ClassRows(0, i);
-            const Value& started = ClassRows(7, i);
-            const std::string className = ToText(ClassRows(8, i));
+            const Value& classId = ClassRows(RaceClassCol::ClassId, i);
+            const Value& started = ClassRows(RaceClassCol::Started, i);
+            const std::string className = ToText(ClassRows(RaceClassCol::ClassName, i));
             Xml += "<ClassResults" + Attribute("StartDate", Value(Format(started, "dd mmm yyyy"))) +
                    Attribute("StartTime", Value(Format(started, "hh:mm"))) +
-                   Attribute("Class", ClassRows(8, i)) + Attribute("ClassId", classId) +
-                   Attribute("href", Value(ClassLink(className))) +
-                   Attribute("Title", ClassRows(4, i)) + Attribute("SubTitle", ClassRows(15, i)) +
-                   Attribute("Comment", ClassRows(11, i)) + ">";
+                   Attribute("Class", ClassRows(RaceClassCol::ClassName, i)) +
+                   Attribute("ClassId", classId) + Attribute("href", Value(ClassLink(className))) +
+                   Attribute("Title", ClassRows(RaceClassCol::SubseriesTitle, i)) +
+                   Attribute("SubTitle", ClassRows(RaceClassCol::CumulativeTitle, i)) +
+                   Attribute("Comment", ClassRows(RaceClassCol::TopNote, i)) + ">";
 
             // A class whose standings failed stops the standings of every later class too.
             if (Letter != "R" && Msg.empty()) {
@@ -118,12 +130,12 @@ std::string clResults::ReportXML(short Option, const std::string& Letter, int Vi
             }
             if (Letter != "S" && !ToText(started).empty()) {
                 for (std::size_t j = 0; !ResultRows.IsEmpty() && j < ResultRows.Rows(); ++j) {
-                    if (ResultRows(1, j) == classId)
+                    if (ResultRows(RaceBoatCol::ClassId, j) == classId)
                         Xml += ResultElement(ResultRows, j);
                 }
             }
-            Xml += "<ClassFootNote>" + ToText(ClassRows(12, i)) + "</ClassFootNote>" + kCrLf +
-                   "</ClassResults>" + kCrLf;
+            Xml += "<ClassFootNote>" + ToText(ClassRows(RaceClassCol::Footnote, i)) +
+                   "</ClassFootNote>" + kCrLf + "</ClassResults>" + kCrLf;
         }
         Xml += "<RaceFootNote></RaceFootNote></RaceResults>";
         return Msg;
@@ -138,35 +150,38 @@ std::string clResults::ReportSeriesXML(long long ClassId, const RowSet& Cumulati
         long long currentBoat = 0;
         int boatsSeen = 0;
         for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
-            if (CumulativeRows(0, r).AsInt() != ClassId)
+            if (CumulativeRows(StandingsCol::ClassId, r).AsInt() != ClassId)
                 continue;
-            const long long boat = CumulativeRows(2, r).AsInt();
+            const long long boat = CumulativeRows(StandingsCol::BoatId, r).AsInt();
             // A standing starts at the class's first row whatever the boat's number, 0 included.
             if (boatsSeen == 0 || boat != currentBoat) {
                 if (boatsSeen > 0)
                     standings += std::string("</SeriesResult>") + kCrLf;
                 // Totals carry a tiny tie-break fraction: within 0.1 of a whole number they
                 // read as that number.
-                const double total = CumulativeRows(8, r).AsDouble();
+                const double total = CumulativeRows(StandingsCol::Total, r).AsDouble();
                 const double whole = RoundHalfEven(total);
                 const std::string points = std::fabs(total - whole) > 0.1
                                                ? FormatNumber(total, "0.0")
                                                : NumberToText(whole);
-                standings += "<SeriesResult BoatName=" + AttributeValue(CumulativeRows(3, r)) +
-                             " SailNo=" + AttributeValue(CumulativeRows(4, r)) +
-                             " Position=" + AttributeValue(CumulativeRows(9, r)) +
-                             " Points=" + AttributeValue(Value(points)) + ">" + kCrLf;
+                standings +=
+                    "<SeriesResult BoatName=" +
+                    AttributeValue(CumulativeRows(StandingsCol::BoatName, r)) +
+                    " SailNo=" + AttributeValue(CumulativeRows(StandingsCol::FullSailNo, r)) +
+                    " Position=" + AttributeValue(CumulativeRows(StandingsCol::Position, r)) +
+                    " Points=" + AttributeValue(Value(points)) + ">" + kCrLf;
                 currentBoat = boat;
                 ++boatsSeen;
             }
             // One cell per boat and race: appended piece by piece, with no text in between.
             standings += "<Score Pts=";
-            standings += AttributeValue(CumulativeRows(7, r));
+            standings += AttributeValue(CumulativeRows(StandingsCol::Points, r));
             standings += "/>";
             standings += kCrLf;
             if (boatsSeen == 1) {
-                races += "<Race Date=" + AttributeValue(CumulativeRows(5, r)) +
-                         " Name=" + AttributeValue(CumulativeRows(6, r)) + "/>" + kCrLf;
+                races += "<Race Date=" + AttributeValue(CumulativeRows(StandingsCol::RaceDate, r)) +
+                         " Name=" + AttributeValue(CumulativeRows(StandingsCol::RaceName, r)) +
+                         "/>" + kCrLf;
             }
         }
         if (boatsSeen > 0)

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/Conversions.h"
+#include "data/ResultStatus.h"
 #include "data/RunTimeFault.h"
 #include "data/clResults.h"
 #include "scoring/ScopeFilters.h"
@@ -32,16 +33,28 @@ std::string StartsInScope(const std::string& raceFilter) {
            raceFilter;
 }
 
+struct StartCol {
+    enum : std::size_t { Race, Class, Id, StartTime };
+};
+
 std::string EntrantClasses(const std::string& entrantFilter) {
     return "SELECT Entrant.Id, Entrant.Class FROM Schedule JOIN Entrant ON Entrant.Series = "
            "Schedule.Series WHERE Schedule.Id = ?1" +
            entrantFilter;
 }
 
+struct EntrantClassCol {
+    enum : std::size_t { Id, Class };
+};
+
 std::string EntriesInScope(const std::string& raceFilter) {
     return std::string("SELECT EntryList.Schedule, EntryList.Entrant") + kRacesUpToThis +
            "JOIN EntryList ON S1.Id = EntryList.Schedule WHERE Schedule.Id = ?1" + raceFilter;
 }
+
+struct EntryCol {
+    enum : std::size_t { Race, Entrant };
+};
 
 // A result without status counts as did-not-compete.
 std::string ResultsInScope(const std::string& raceFilter) {
@@ -52,6 +65,10 @@ std::string ResultsInScope(const std::string& raceFilter) {
            raceFilter;
 }
 
+struct ScopeResultCol {
+    enum : std::size_t { Race, Entrant, Status, CorrectedTime, PenaltyPoints, Id, Points };
+};
+
 // The seven place rows first (places 1 to 7), then the status rows by status (1 to 8).
 constexpr const char* kScoringRows = R"sql(
 SELECT Points.Place, Points.Status, Points.Base, Points.Value, Points.MinValue
@@ -60,6 +77,9 @@ JOIN Schedule ON Series.Id = Schedule.Series
 JOIN Points ON Series.Scoring = Points.Scoring
 WHERE Schedule.Id = ?1
 ORDER BY Points.Status = 9 DESC, Points.Place, Points.Status)sql";
+struct ScoringRowCol {
+    enum : std::size_t { Place, Status, Base, Value, MinValue };
+};
 
 constexpr const char* kStorePoints = "UPDATE Results SET Points = ?1 WHERE Id = ?2";
 
@@ -72,7 +92,9 @@ struct ScoringRow {
 std::vector<ScoringRow> ReadScoringRows(const RowSet& rows) {
     std::vector<ScoringRow> table;
     for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r) {
-        table.push_back({rows(3, r).AsDouble(), rows(4, r).AsDouble(), rows(2, r).AsInt()});
+        table.push_back({rows(ScoringRowCol::Value, r).AsDouble(),
+                         rows(ScoringRowCol::MinValue, r).AsDouble(),
+                         rows(ScoringRowCol::Base, r).AsInt()});
     }
     if (table.size() != 15) {
         throw RunTimeFault(9,
@@ -137,10 +159,10 @@ struct ScoredResult {
 bool RanksBefore(const ScoredResult& a, const ScoredResult& b, const RowSet& results) {
     if (a.start->id != b.start->id)
         return a.start->id < b.start->id;
-    if ((a.status > 8) != (b.status > 8))
-        return a.status > 8;
-    const Value& ca = results(3, a.row);
-    const Value& cb = results(3, b.row);
+    if (ResultStatus::Finished(a.status) != ResultStatus::Finished(b.status))
+        return ResultStatus::Finished(a.status);
+    const Value& ca = results(ScopeResultCol::CorrectedTime, a.row);
+    const Value& cb = results(ScopeResultCol::CorrectedTime, b.row);
     const bool untimedA = ca.AsDouble() == 0;
     const bool untimedB = cb.AsDouble() == 0;
     if (untimedA != untimedB)
@@ -164,13 +186,14 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
         std::map<RaceAndKey, StartInScope> starts;
         const RowSet startRows = Query(StartsInScope(raceFilter), {RaceId});
         for (std::size_t r = 0; !startRows.IsEmpty() && r < startRows.Rows(); ++r) {
-            starts[{startRows(0, r).AsInt(), startRows(1, r).AsInt()}] = {startRows(2, r).AsInt(),
-                                                                          startRows(3, r)};
+            starts[{startRows(StartCol::Race, r).AsInt(), startRows(StartCol::Class, r).AsInt()}] =
+                {startRows(StartCol::Id, r).AsInt(), startRows(StartCol::StartTime, r)};
         }
         std::unordered_map<long long, long long> classOf;
         const RowSet entrantRows = Query(EntrantClasses(EntrantTypeFilter(Option)), {RaceId});
         for (std::size_t r = 0; !entrantRows.IsEmpty() && r < entrantRows.Rows(); ++r)
-            classOf.emplace(entrantRows(0, r).AsInt(), entrantRows(1, r).AsInt());
+            classOf.emplace(entrantRows(EntrantClassCol::Id, r).AsInt(),
+                            entrantRows(EntrantClassCol::Class, r).AsInt());
         // The start an entrant of the selection had in a race, if any.
         const auto startOf = [&](long long race, long long entrant) -> const StartInScope* {
             const auto c = classOf.find(entrant);
@@ -185,8 +208,8 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
         std::unordered_map<long long, long long> entrants;
         const RowSet entryRows = Query(EntriesInScope(raceFilter), {RaceId});
         for (std::size_t r = 0; !entryRows.IsEmpty() && r < entryRows.Rows(); ++r) {
-            const long long race = entryRows(0, r).AsInt();
-            const long long entrant = entryRows(1, r).AsInt();
+            const long long race = entryRows(EntryCol::Race, r).AsInt();
+            const long long entrant = entryRows(EntryCol::Entrant, r).AsInt();
             entries.push_back({race, entrant});
             if (const StartInScope* start = startOf(race, entrant))
                 ++entrants[start->id];
@@ -201,16 +224,16 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
         std::vector<ScoredResult> scored;
         std::unordered_map<long long, long long> starters;
         for (std::size_t r = 0; !results.IsEmpty() && r < results.Rows(); ++r) {
-            const long long race = results(0, r).AsInt();
-            const long long entrant = results(1, r).AsInt();
+            const long long race = results(ScopeResultCol::Race, r).AsInt();
+            const long long entrant = results(ScopeResultCol::Entrant, r).AsInt();
             const StartInScope* start = startOf(race, entrant);
             if (start == nullptr)
                 continue;
-            const long long status = results(2, r).AsInt();
+            const long long status = results(ScopeResultCol::Status, r).AsInt();
             const bool entered =
                 std::binary_search(entries.begin(), entries.end(), RaceAndKey{race, entrant});
             scored.push_back({start, r, status, entered});
-            if (entered && status != 2)
+            if (entered && status != ResultStatus::kDidNotCompete)
                 ++starters[start->id];
         }
         std::sort(scored.begin(), scored.end(), [&](const ScoredResult& a, const ScoredResult& b) {
@@ -272,15 +295,17 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
                 continue;
             }
             const long long status = scored[r].status;
-            if (status <= 8) {
+            if (!ResultStatus::Finished(status)) {
                 const std::size_t row =
                     status >= 1 ? static_cast<std::size_t>(status + 6) : kDidNotCompeteRow;
                 accumulator = StatusPoints(scoring[row], startEntrants, startStarters);
                 points[r] = accumulator;
                 continue;
             }
-            const double corrected = results(3, scored[r].row).AsDouble();
-            long long adjustment = WholeNumber(results(4, scored[r].row));
+            const double corrected =
+                results(ScopeResultCol::CorrectedTime, scored[r].row).AsDouble();
+            long long adjustment =
+                WholeNumber(results(ScopeResultCol::PenaltyPoints, scored[r].row));
             if (corrected != lastCorrected) {
                 tied = 1;
                 lastCorrected = corrected;
@@ -301,7 +326,8 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
             // The whole tied group shares the points each time a boat joins it.
             for (long long back = 0; back < tied; ++back) {
                 const std::size_t tiedRow = ranking[i - static_cast<std::size_t>(back)];
-                long long own = WholeNumber(results(4, scored[tiedRow].row));
+                long long own =
+                    WholeNumber(results(ScopeResultCol::PenaltyPoints, scored[tiedRow].row));
                 points[tiedRow] = own != 0 ? PlacePoints(scoring, firstTiedPlace, own, Msg)
                                            : accumulator / static_cast<double>(tied);
             }
@@ -311,11 +337,12 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
         // making the next report of the same race rewrites next to nothing.
         Statement& store = Prepared(kStorePoints);
         for (std::size_t i = 0; i < scored.size(); ++i) {
-            const Value& stored = results(6, scored[i].row);
+            const Value& stored = results(ScopeResultCol::Points, scored[i].row);
             if (!stored.IsNull() && stored.AsDouble() == points[i])
                 continue;
             store.Bind(1, points[i]);
-            store.Bind(2, static_cast<std::int64_t>(results(5, scored[i].row).AsInt()));
+            store.Bind(
+                2, static_cast<std::int64_t>(results(ScopeResultCol::Id, scored[i].row).AsInt()));
             store.Execute();
             store.Restart();
         }
@@ -327,12 +354,14 @@ std::string clResults::ComputePoints(int RaceId, short Option, ScopeResults& Sco
         Scope.clear();
         Scope.reserve(results.Rows());
         for (std::size_t r = 0; !results.IsEmpty() && r < results.Rows(); ++r) {
-            const auto c = classOf.find(results(1, r).AsInt());
+            const auto c = classOf.find(results(ScopeResultCol::Entrant, r).AsInt());
             if (c == classOf.end())
                 continue;
-            Scope.push_back({results(5, r).AsInt(), results(0, r).AsInt(), c->first, c->second,
-                             results(2, r).AsInt(),
-                             scoredPoints[r] != nullptr ? Value(*scoredPoints[r]) : results(6, r)});
+            Scope.push_back({results(ScopeResultCol::Id, r).AsInt(),
+                             results(ScopeResultCol::Race, r).AsInt(), c->first, c->second,
+                             results(ScopeResultCol::Status, r).AsInt(),
+                             scoredPoints[r] != nullptr ? Value(*scoredPoints[r])
+                                                        : results(ScopeResultCol::Points, r)});
         }
         return Msg;
     });

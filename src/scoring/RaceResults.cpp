@@ -73,6 +73,18 @@ WHERE Schedule.Id = ?1)sql" +
            " ORDER BY Class.Id, Entrant.SeriesPoints, Boat.BoatName, Boat.Id, Boat.FullSailNo";
 }
 
+struct StandingsEntrantCol {
+    enum : std::size_t {
+        EntrantId,
+        ClassId,
+        ClassName,
+        BoatId,
+        BoatName,
+        FullSailNo,
+        SeriesPoints
+    };
+};
+
 std::string StandingsRaces(const std::string& raceFilter) {
     return R"sql(
 SELECT S1.Id, S1.RaceDate, S1.RaceName
@@ -81,6 +93,10 @@ JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1
 WHERE Schedule.Id = ?1)sql" +
            raceFilter + " ORDER BY S1.RaceDate, S1.RaceName";
 }
+
+struct StandingsRaceCol {
+    enum : std::size_t { Id, RaceDate, RaceName };
+};
 
 std::string StandingsScores(const std::string& raceFilter) {
     return R"sql(
@@ -91,6 +107,10 @@ JOIN Results ON S1.Id = Results.Schedule
 WHERE Results.Points <> 0 AND Schedule.Id = ?1)sql" +
            raceFilter;
 }
+
+struct StandingsScoreCol {
+    enum : std::size_t { Entrant, Race, Points };
+};
 
 // Seconds as h:mm:ss; the seconds are first rounded to whole ones, to the even neighbour at an
 // exact half.
@@ -110,12 +130,12 @@ std::string clResults::GetRaceResults(int RaceId, short Option, RowSet& ClassRow
         std::string Msg = GetSetting("Header", header);
         if (!Msg.empty())
             return Msg;
-        ClassRows(9, 0) = Value(header);
+        ClassRows(RaceClassCol::Header, 0) = Value(header);
         std::string comment;
         Msg = GetSetting("Comment", comment);
         if (!Msg.empty())
             return Msg;
-        ClassRows(10, 0) = Value(comment);
+        ClassRows(RaceClassCol::Comment, 0) = Value(comment);
 
         BoatRows = Query(tb::BoatRows(EntrantTypeFilter(Option)), {RaceId});
         long long currentStart = 0;
@@ -123,13 +143,15 @@ std::string clResults::GetRaceResults(int RaceId, short Option, RowSet& ClassRow
         long long count = 0;
         double lastPoints = 0;
         for (std::size_t r = 0; !BoatRows.IsEmpty() && r < BoatRows.Rows(); ++r) {
-            const bool finished = !BoatRows(6, r).IsNull();
+            const bool finished = !BoatRows(RaceBoatCol::Finished, r).IsNull();
             if (!finished)
-                BoatRows(6, r) = Value("-");
-            BoatRows(7, r) = finished ? TimeText(BoatRows(7, r)) : Value("-");
-            BoatRows(8, r) = finished ? TimeText(BoatRows(8, r)) : Value("-");
-            const double points = BoatRows(9, r).AsDouble();
-            const long long start = BoatRows(0, r).AsInt();
+                BoatRows(RaceBoatCol::Finished, r) = Value("-");
+            BoatRows(RaceBoatCol::Elapsed, r) =
+                finished ? TimeText(BoatRows(RaceBoatCol::Elapsed, r)) : Value("-");
+            BoatRows(RaceBoatCol::Corrected, r) =
+                finished ? TimeText(BoatRows(RaceBoatCol::Corrected, r)) : Value("-");
+            const double points = BoatRows(RaceBoatCol::Points, r).AsDouble();
+            const long long start = BoatRows(RaceBoatCol::StartId, r).AsInt();
             if (start != currentStart) {
                 currentStart = start;
                 position = 1;
@@ -142,7 +164,7 @@ std::string clResults::GetRaceResults(int RaceId, short Option, RowSet& ClassRow
                     lastPoints = points;
                 }
             }
-            BoatRows(11, r) = Value(position);
+            BoatRows(RaceBoatCol::Position, r) = Value(position);
         }
         return std::string();
     });
@@ -154,9 +176,9 @@ std::string clResults::GetCumulativeResults(int RaceId, short Option, RowSet& Cu
         ScopeResults scores;
         for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r) {
             ScopeResult score;
-            score.entrant = rows(0, r).AsInt();
-            score.race = rows(1, r).AsInt();
-            score.points = rows(2, r);
+            score.entrant = rows(StandingsScoreCol::Entrant, r).AsInt();
+            score.race = rows(StandingsScoreCol::Race, r).AsInt();
+            score.points = rows(StandingsScoreCol::Points, r);
             scores.push_back(std::move(score));
         }
         CumulativeRows = Standings(RaceId, Option, scores);
@@ -177,7 +199,7 @@ RowSet clResults::Standings(int RaceId, short Option, const ScopeResults& Scope)
     const RowSet races = Query(StandingsRaces(SubSeriesFilter(Option)), {RaceId});
     std::unordered_map<long long, std::size_t> raceOrder;
     for (std::size_t r = 0; !races.IsEmpty() && r < races.Rows(); ++r)
-        raceOrder.emplace(races(0, r).AsInt(), r);
+        raceOrder.emplace(races(StandingsRaceCol::Id, r).AsInt(), r);
     // Each entrant's scores in race order: (race's place in the order, score). A result
     // without points has no score.
     std::unordered_map<long long, std::vector<std::pair<std::size_t, const Value*>>> byEntrant;
@@ -189,24 +211,24 @@ RowSet clResults::Standings(int RaceId, short Option, const ScopeResults& Scope)
             byEntrant[score.entrant].emplace_back(race->second, &score.points);
     }
     RowSet CumulativeRows;
-    CumulativeRows.Reserve(10, Scope.size());
+    CumulativeRows.Reserve(StandingsCol::Count, Scope.size());
     for (std::size_t e = 0; !entrants.IsEmpty() && e < entrants.Rows(); ++e) {
-        auto found = byEntrant.find(entrants(0, e).AsInt());
+        auto found = byEntrant.find(entrants(StandingsEntrantCol::EntrantId, e).AsInt());
         if (found == byEntrant.end())
             continue;
         std::sort(found->second.begin(), found->second.end());
         for (const auto& [race, points] : found->second) {
-            Value* row = CumulativeRows.AddNullRow(10);
-            row[0] = entrants(1, e);
-            row[1] = entrants(2, e);
-            row[2] = entrants(3, e);
-            row[3] = entrants(4, e);
-            row[4] = entrants(5, e);
-            row[5] = races(1, race);
-            row[6] = races(2, race);
-            row[7] = *points;
-            row[8] = entrants(6, e);
-            row[9] = Value(0);
+            Value* row = CumulativeRows.AddNullRow(StandingsCol::Count);
+            row[StandingsCol::ClassId] = entrants(StandingsEntrantCol::ClassId, e);
+            row[StandingsCol::ClassName] = entrants(StandingsEntrantCol::ClassName, e);
+            row[StandingsCol::BoatId] = entrants(StandingsEntrantCol::BoatId, e);
+            row[StandingsCol::BoatName] = entrants(StandingsEntrantCol::BoatName, e);
+            row[StandingsCol::FullSailNo] = entrants(StandingsEntrantCol::FullSailNo, e);
+            row[StandingsCol::RaceDate] = races(StandingsRaceCol::RaceDate, race);
+            row[StandingsCol::RaceName] = races(StandingsRaceCol::RaceName, race);
+            row[StandingsCol::Points] = *points;
+            row[StandingsCol::Total] = entrants(StandingsEntrantCol::SeriesPoints, e);
+            row[StandingsCol::Position] = Value(0);
         }
     }
     long long currentClass = 0;
@@ -216,12 +238,12 @@ RowSet clResults::Standings(int RaceId, short Option, const ScopeResults& Scope)
     double lastTotal = 0;
     for (std::size_t r = 0; !CumulativeRows.IsEmpty() && r < CumulativeRows.Rows(); ++r) {
         // A discarded result is stored negative and shown as its points with a "*".
-        const double points = CumulativeRows(7, r).AsDouble();
+        const double points = CumulativeRows(StandingsCol::Points, r).AsDouble();
         if (points < 0)
-            CumulativeRows(7, r) = Value(ToText(Value(-points)) + "*");
-        const long long classId = CumulativeRows(0, r).AsInt();
-        const long long boat = CumulativeRows(2, r).AsInt();
-        const double total = CumulativeRows(8, r).AsDouble();
+            CumulativeRows(StandingsCol::Points, r) = Value(ToText(Value(-points)) + "*");
+        const long long classId = CumulativeRows(StandingsCol::ClassId, r).AsInt();
+        const long long boat = CumulativeRows(StandingsCol::BoatId, r).AsInt();
+        const double total = CumulativeRows(StandingsCol::Total, r).AsDouble();
         if (classId != currentClass || r == 0) {
             currentClass = classId;
             currentBoat = boat;
@@ -236,7 +258,7 @@ RowSet clResults::Standings(int RaceId, short Option, const ScopeResults& Scope)
                 lastTotal = total;
             }
         }
-        CumulativeRows(9, r) = Value(position);
+        CumulativeRows(StandingsCol::Position, r) = Value(position);
     }
     return CumulativeRows;
 }

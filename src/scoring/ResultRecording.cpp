@@ -94,7 +94,7 @@ bool IsDigit(char c) {
 }  // namespace
 
 std::string clResults::GetResult(int RaceId, int EntrantId, RowSet& Row) {
-    Row = RowSet(7, 1);
+    Row = RowSet(ResultCol::Count, 1);
     return Run("GetResult", Shape::Query, [&] {
         RowSet found = Query(kResult, {RaceId, EntrantId});
         if (!found.IsEmpty())
@@ -120,7 +120,7 @@ std::string clResults::PutResult(int RaceId, int EntrantId, const std::string& F
         if (existing.IsEmpty()) {
             Execute(kAddResult, values);
         } else {
-            values.push_back(existing(0, 0));
+            values.push_back(existing(kOnlyColumn, kFirstRow));
             Execute(kUpdateResult, values);
         }
         return std::string();
@@ -137,7 +137,7 @@ std::string clResults::GetStatus(RowSet& Rows) {
 }
 
 std::string clResults::GetBoatInRace(int RaceId, const std::string& Search, RowSet& Rows) {
-    Rows = RowSet(1, 1);
+    Rows = RowSet(kOnlyColumn + 1, 1);
     return Run("GetBoatInRace", Shape::Query, [&] {
         if (Search.empty())
             return std::string();

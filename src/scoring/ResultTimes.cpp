@@ -104,12 +104,13 @@ WHERE Results.Schedule = ?1 AND EntryList.Schedule = Results.Schedule
 }  // namespace
 
 std::string clResults::ComputeResultTimes(int RaceId, RowSet& Problems) {
-    Problems = RowSet(6, 1);
+    Problems = RowSet(ProblemsCol::Count, 1);
     return Run("ComputeResultTimes", Shape::Write, [&] {
         const RowSet check = Query(kHandicapCheck, {RaceId});
         RowSet found;
         for (std::size_t row = 0; row < check.Rows(); ++row) {
-            if (check(2, row).AsInt() == 1 && check(5, row).AsInt() != 0)
+            if (check(ProblemsCol::Handicaps, row).AsInt() == 1 &&
+                check(ProblemsCol::Class, row).AsInt() != 0)
                 continue;
             std::vector<Value> problem;
             for (std::size_t c = 0; c < check.Columns(); ++c)
@@ -134,13 +135,13 @@ bool clResults::ResultsMissing(int RaceId) {
     const RowSet entrantRows = Query(kSeriesEntrants, {RaceId});
     std::unordered_set<long long> entrants;
     for (std::size_t r = 0; !entrantRows.IsEmpty() && r < entrantRows.Rows(); ++r)
-        entrants.insert(entrantRows(0, r).AsInt());
-    const long long races = Query(kRacesUpToThis, {RaceId})(0, 0).AsInt();
+        entrants.insert(entrantRows(kOnlyColumn, r).AsInt());
+    const long long races = Query(kRacesUpToThis, {RaceId})(kOnlyColumn, kFirstRow).AsInt();
     Statement& results = Prepared(kResultEntrants);
     results.Bind(1, static_cast<std::int64_t>(RaceId));
     long long found = 0;
     while (results.Step()) {
-        if (entrants.count(results.Read(0).AsInt()) != 0)
+        if (entrants.count(results.Read(kOnlyColumn).AsInt()) != 0)
             ++found;
     }
     results.Restart();

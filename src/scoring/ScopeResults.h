@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "data/ResultStatus.h"
 #include "data/Value.h"
 
 namespace tb {
@@ -14,7 +15,7 @@ struct ScopeResult {
     long long race = 0;
     long long entrant = 0;
     long long classId = 0;
-    long long status = 2;  // did-not-compete where none was given
+    long long status = ResultStatus::kDidNotCompete;  // where none was given
     Value points;
 };
 

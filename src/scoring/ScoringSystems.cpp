@@ -140,7 +140,7 @@ std::string clResults::GetDiscardDetail(int DiscardId, RowSet& Lines) {
 std::string clResults::GetSeriesUsingScoring(int ScoringId, RowSet& Series) {
     return Run("GetSeriesUsingScoring", Shape::Query, [&] {
         Series = Query(kSeriesUsingScoring, {ScoringId});
-        ReadAsDates(Series, 1);
+        ReadAsDates(Series, SeriesUsingCol::SeriesDate);
         return std::string();
     });
 }
@@ -148,7 +148,7 @@ std::string clResults::GetSeriesUsingScoring(int ScoringId, RowSet& Series) {
 std::string clResults::GetSeriesUsingDiscard(int DiscardId, RowSet& Series) {
     return Run("GetSeriesUsingDiscard", Shape::Query, [&] {
         Series = Query(kSeriesUsingDiscard, {DiscardId});
-        ReadAsDates(Series, 1);
+        ReadAsDates(Series, SeriesUsingCol::SeriesDate);
         return std::string();
     });
 }
@@ -165,7 +165,7 @@ std::string clResults::PutScoring(int ScoringId, const std::string& ScoringName,
                               const std::string& name) -> std::optional<long long> {
             const RowSet named = Query(table.byName, {name});
             if (!named.IsEmpty()) {
-                if (named(0, 0).AsInt() != id)
+                if (named(kOnlyColumn, kFirstRow).AsInt() != id)
                     return std::nullopt;
             } else if (Query(table.byId, {id}).IsEmpty()) {
                 Execute(table.add, {name});
@@ -194,7 +194,7 @@ std::string clResults::PutScoring(int ScoringId, const std::string& ScoringName,
         for (std::size_t i = 0; i < kStatusRows + kPlaces; ++i) {
             long long row = 0;
             if (i < pointsRows.Rows()) {
-                row = pointsRows(0, i).AsInt();
+                row = pointsRows(kOnlyColumn, i).AsInt();
             } else {
                 Execute(kAddPointsRow, {*scoringId});
                 row = LastInsertId();
@@ -216,7 +216,7 @@ std::string clResults::PutScoring(int ScoringId, const std::string& ScoringName,
         for (std::size_t line = 0; line < kDiscardLines; ++line) {
             long long row = 0;
             if (line < discardRows.Rows()) {
-                row = discardRows(0, line).AsInt();
+                row = discardRows(kOnlyColumn, line).AsInt();
             } else {
                 Execute(kAddDiscardRow, {*discardId});
                 row = LastInsertId();

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "data/ResultStatus.h"
 #include "data/clResults.h"
 #include "scoring/ScopeFilters.h"
 #include "scoring/ScopeResults.h"
@@ -22,6 +23,10 @@ WHERE Schedule.Id = ?1)sql" +
            raceFilter + " GROUP BY Start.Class";
 }
 
+struct RacesRunCol {
+    enum : std::size_t { Class, Qty, Discards };
+};
+
 constexpr const char* kDiscardRules = R"sql(
 SELECT Schedule.Id, Discards.RacesRun, Discards.Discards
 FROM Series
@@ -29,6 +34,9 @@ JOIN Schedule ON Series.Id = Schedule.Series
 JOIN Discards ON Series.Discards = Discards.DiscardSystem
 WHERE Schedule.Id = ?1
 ORDER BY Discards.RacesRun)sql";
+struct DiscardRuleCol {
+    enum : std::size_t { Race, RacesRun, Discards };
+};
 
 // The races in scope, the latest first; races of one date in the order they were added.
 std::string RacesLatestFirst(const std::string& raceFilter) {
@@ -39,6 +47,10 @@ JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1
 WHERE Schedule.Id = ?1)sql" +
            raceFilter + " ORDER BY S1.RaceDate DESC, S1.Id";
 }
+
+struct LatestFirstCol {
+    enum : std::size_t { Race };
+};
 
 // The results of the series' entrants in the races in scope, for the discards on their own.
 std::string EntrantResults(const std::string& filters) {
@@ -52,6 +64,10 @@ JOIN Entrant ON Results.Entrant = Entrant.Id AND Entrant.Series = Schedule.Serie
 WHERE Schedule.Id = ?1)sql" +
            filters;
 }
+
+struct EntrantResultCol {
+    enum : std::size_t { Id, Race, Entrant, Class, Status, Points };
+};
 
 constexpr const char* kDiscard = "UPDATE Results SET Points = -Points WHERE Id = ?1";
 constexpr const char* kStoreTotal = "UPDATE Entrant SET SeriesPoints = ?1 WHERE Id = ?2";
@@ -71,9 +87,13 @@ std::string clResults::ComputeSeriesPoints(int RaceId, short Option, RowSet& Dis
             Query(EntrantResults(SubSeriesFilter(Option) + EntrantTypeFilter(Option)), {RaceId});
         ScopeResults scope;
         for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r) {
-            scope.push_back({rows(0, r).AsInt(), rows(1, r).AsInt(), rows(2, r).AsInt(),
-                             rows(3, r).IsNull() ? 0 : rows(3, r).AsInt(), rows(4, r).AsInt(),
-                             rows(5, r)});
+            scope.push_back(
+                {rows(EntrantResultCol::Id, r).AsInt(), rows(EntrantResultCol::Race, r).AsInt(),
+                 rows(EntrantResultCol::Entrant, r).AsInt(),
+                 rows(EntrantResultCol::Class, r).IsNull()
+                     ? 0
+                     : rows(EntrantResultCol::Class, r).AsInt(),
+                 rows(EntrantResultCol::Status, r).AsInt(), rows(EntrantResultCol::Points, r)});
         }
         return MarkDiscards(RaceId, Option, scope, Discards);
     });
@@ -95,27 +115,32 @@ std::string clResults::MarkDiscards(int RaceId, short Option, ScopeResults& Scop
         return std::string("No discard rules were found for this series");
 
     // The last rule a class has reached decides its discards; an empty rule never applies.
-    Discards = RowSet(2, racesRun.Rows());
+    Discards = RowSet(DiscardsCol::Count, racesRun.Rows());
     std::unordered_map<long long, long long> discardsByClass;
     for (std::size_t i = 0; i < racesRun.Rows(); ++i) {
         long long discards = 0;
         for (std::size_t k = 0; k < rules.Rows(); ++k) {
-            if (rules(1, k).IsNull())
+            if (rules(DiscardRuleCol::RacesRun, k).IsNull())
                 continue;
-            if (racesRun(1, i).AsInt() >= rules(1, k).AsInt()) {
-                discards = rules(2, k).IsNull() ? 0 : rules(2, k).AsInt();
+            if (racesRun(RacesRunCol::Qty, i).AsInt() >=
+                rules(DiscardRuleCol::RacesRun, k).AsInt()) {
+                discards = rules(DiscardRuleCol::Discards, k).IsNull()
+                               ? 0
+                               : rules(DiscardRuleCol::Discards, k).AsInt();
             }
         }
-        Discards(0, i) = Value(discards);
-        Discards(1, i) = racesRun(0, i);
-        discardsByClass[racesRun(0, i).IsNull() ? 0 : racesRun(0, i).AsInt()] = discards;
+        Discards(DiscardsCol::Discards, i) = Value(discards);
+        Discards(DiscardsCol::ClassId, i) = racesRun(RacesRunCol::Class, i);
+        discardsByClass[racesRun(RacesRunCol::Class, i).IsNull()
+                            ? 0
+                            : racesRun(RacesRunCol::Class, i).AsInt()] = discards;
     }
 
     // Each entrant's results together, worst first; between equal points the later race first.
     const RowSet races = Query(RacesLatestFirst(SubSeriesFilter(Option)), {RaceId});
     std::unordered_map<long long, std::size_t> latestFirst;
     for (std::size_t r = 0; !races.IsEmpty() && r < races.Rows(); ++r)
-        latestFirst.emplace(races(0, r).AsInt(), r);
+        latestFirst.emplace(races(LatestFirstCol::Race, r).AsInt(), r);
     struct Ranked {
         ScopeResult* result;
         std::size_t raceRank;
@@ -146,7 +171,7 @@ std::string clResults::MarkDiscards(int RaceId, short Option, ScopeResults& Scop
     double total = 0;
     for (const Ranked& ranked : order) {
         ScopeResult* result = ranked.result;
-        const bool neverDiscarded = result->status == 3;
+        const bool neverDiscarded = result->status == ResultStatus::kNeverDiscarded;
         if (result->entrant != currentEntrant) {
             if (currentEntrant != 0)
                 Execute(kStoreTotal, {total, currentEntrant});

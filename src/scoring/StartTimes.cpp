@@ -64,12 +64,12 @@ std::string clResults::GetStartTimes(int SeriesId, int RaceId, RowSet& Rows) {
 }
 
 std::string clResults::GetStartTimeForEntrant(int RaceId, int EntrantId, RowSet& Row) {
-    Row = RowSet(4, 1);
+    Row = RowSet(EntrantStartCol::Count, 1);
     return Run("GetStartTimeForEntrant", Shape::Query, [&] {
         RowSet found = Query(kEntrantStart, {EntrantId, RaceId});
         if (!found.IsEmpty())
             Row = std::move(found);
-        if (!Row(1, 0).IsDate()) {
+        if (!Row(EntrantStartCol::StartTime, 0).IsDate()) {
             found = Query(kEntrantClass, {EntrantId});
             if (!found.IsEmpty())
                 Row = std::move(found);

@@ -27,6 +27,9 @@ SELECT Entrant.Id, Entrant.Class, Class.HandicapType, Entrant.EntrantType, Entra
        Entrant.EntryDate, Entrant.NameOnResults
 FROM Class JOIN Entrant ON Class.Id = Entrant.Class
 WHERE Entrant.Boat = ?1 AND Entrant.Series = ?2)sql";
+struct EntrantCol {
+    enum : std::size_t { Id, Class, HandicapType, EntrantType, Entrant, EntryDate, NameOnResults };
+};
 
 // The TCF of each entered race, or "  **" for a race without a valid handicap.
 constexpr const char* kEntrantRaces = R"sql(
@@ -72,6 +75,9 @@ SELECT Entrant.Id, Results.Entrant
 FROM Entrant LEFT JOIN Results ON Entrant.Id = Results.Entrant
 WHERE Entrant.Series = ?1 AND Entrant.Boat = ?2
 LIMIT 1)sql";
+struct CheckResultsCol {
+    enum : std::size_t { EntrantId, ResultEntrant };
+};
 
 }  // namespace
 
@@ -99,17 +105,18 @@ std::string clResults::GetEntryDetails(int BoatId, int SeriesId, int& EntrantPer
             RowSet boat;
             const std::string Msg = GetBoatDetails(BoatId, boat);
             if (Msg.empty())
-                EntrantPerson = static_cast<int>(boat(3, 0).AsInt());
+                EntrantPerson = static_cast<int>(boat(BoatDetailCol::Owner, 0).AsInt());
             EntryDate = FormatDate(Today(), "dd/mm/yy");
             return Msg;
         }
-        const Value entrantId = entrant(0, 0);
-        ClassId = static_cast<int>(entrant(1, 0).AsInt());
-        EntrantType = static_cast<short>(entrant(3, 0).AsInt());
-        EntrantPerson = static_cast<int>(entrant(4, 0).AsInt());
-        EntryDate = entrant(5, 0).IsNull() ? std::string()
-                                           : FormatDate(entrant(5, 0).AsDate(), "dd/mm/yyyy");
-        NameOnResults = entrant(6, 0).ToText();
+        const Value entrantId = entrant(EntrantCol::Id, 0);
+        ClassId = static_cast<int>(entrant(EntrantCol::Class, 0).AsInt());
+        EntrantType = static_cast<short>(entrant(EntrantCol::EntrantType, 0).AsInt());
+        EntrantPerson = static_cast<int>(entrant(EntrantCol::Entrant, 0).AsInt());
+        EntryDate = entrant(EntrantCol::EntryDate, 0).IsNull()
+                        ? std::string()
+                        : FormatDate(entrant(EntrantCol::EntryDate, 0).AsDate(), "dd/mm/yyyy");
+        NameOnResults = entrant(EntrantCol::NameOnResults, 0).ToText();
         if (entrantId.AsInt() >= 1)
             RaceRows = Query(kEntrantRaces, {entrantId});
         return std::string();
@@ -129,13 +136,13 @@ std::string clResults::PutEntryDetails(int BoatId, int SeriesId, int EntrantPers
                     {BoatId, SeriesId, EntrantType, EntrantPerson, date, name, ClassId});
             entrantId = LastInsertId();
         } else {
-            entrantId = found(0, 0).AsInt();
+            entrantId = found(kOnlyColumn, kFirstRow).AsInt();
             Execute(kUpdateEntrant, {EntrantType, EntrantPerson, date, name, ClassId, entrantId});
         }
         // Races that stay entered keep their rows; the others go; new ones are added.
         const RowSet entered = Query(kEntrantRaceRows, {entrantId});
         for (std::size_t r = 0; !entered.IsEmpty() && r < entered.Rows(); ++r) {
-            const long long race = entered(0, r).AsInt();
+            const long long race = entered(kOnlyColumn, r).AsInt();
             const auto kept = std::find(Races.begin(), Races.end(), race);
             if (kept != Races.end()) {
                 *kept = 0;
@@ -166,8 +173,8 @@ std::string clResults::CheckResults(int SeriesId, int& BoatEntrant, bool& HasRes
         if (rows.IsEmpty()) {
             BoatEntrant = 0;
         } else {
-            BoatEntrant = static_cast<int>(rows(0, 0).AsInt());
-            HasResults = !rows(1, 0).IsNull();
+            BoatEntrant = static_cast<int>(rows(CheckResultsCol::EntrantId, 0).AsInt());
+            HasResults = !rows(CheckResultsCol::ResultEntrant, 0).IsNull();
         }
         return std::string();
     });

@@ -47,7 +47,7 @@ std::string clResults::PutScheduleDetails(int ScheduleId, int Series, const std:
 std::string clResults::RemoveSchedule(int ScheduleId) {
     return Run("RemoveSchedule", Shape::Write, [&] {
         const RowSet count = Query(kEntriesInRace, {ScheduleId});
-        if (!count.IsEmpty() && count(0, 0).AsInt() > 0) {
+        if (!count.IsEmpty() && count(kOnlyColumn, kFirstRow).AsInt() > 0) {
             return std::string(
                 "E-It is not possible to remove this scheduled race as there are boats entered "
                 "in it.");

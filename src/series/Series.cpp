@@ -106,7 +106,7 @@ std::string clResults::PutClassDetails(int ClassId, int SeriesId, const std::str
 std::string clResults::RemoveClass(int ClassId) {
     return Run("RemoveClass", Shape::Write, [&] {
         const RowSet count = Query(kEntrantsInClass, {ClassId});
-        if (!count.IsEmpty() && count(0, 0).AsInt() > 0) {
+        if (!count.IsEmpty() && count(kOnlyColumn, kFirstRow).AsInt() > 0) {
             return std::string(
                 "E-It is not possible to remove this class as there are boats entered in it.");
         }

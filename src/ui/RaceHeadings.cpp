@@ -11,13 +11,15 @@ void ShowRaceHeadings(clResults& ResultsDb, int SeriesId, int RaceId, QLabel& lS
     RowSet series;
     std::string Msg = ResultsDb.GetSeriesDetails(SeriesId, series);
     if (Msg.empty() && !series.IsEmpty())
-        lSeries.setText(QString::fromStdString(series(0, 0).ToText()));
+        lSeries.setText(
+            QString::fromStdString(series(clResults::SeriesDetailCol::Title, 0).ToText()));
     RowSet race;
     if (Msg.empty())
         Msg = ResultsDb.GetRaceDetails(RaceId, race);
     if (Msg.empty() && !race.IsEmpty()) {
-        lRace.setText(
-            QString::fromStdString(race(0, 0).ToText() + " - " + Format(race(1, 0), "dd/mm/yyyy")));
+        lRace.setText(QString::fromStdString(
+            race(clResults::RaceDetailCol::RaceName, 0).ToText() + " - " +
+            Format(race(clResults::RaceDetailCol::RaceDate, 0), "dd/mm/yyyy")));
     }
     ShowMessage(Msg);
 }

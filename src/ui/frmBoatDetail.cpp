@@ -142,14 +142,17 @@ std::string frmBoatDetail::ListBoats(int SelectId) {
             std::iota(order.begin(), order.end(), 0);
             if (bySailNumber)
                 std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-                    return boats(4, a).AsInt() < boats(4, b).AsInt();
+                    return boats(clResults::BoatsCol::SailNo, a).AsInt() <
+                           boats(clResults::BoatsCol::SailNo, b).AsInt();
                 });
             int select = -1;
             for (std::size_t row : order) {
-                const int id = IdOf(boats(0, row));
-                std::string text = ToText(boats(1, row));
+                const int id = IdOf(boats(clResults::BoatsCol::Id, row));
+                std::string text = ToText(boats(clResults::BoatsCol::BoatName, row));
                 if (bySailNumber)
-                    text = FormatText(ToText(boats(4, row)), kSailNumberFormat) + text;
+                    text = FormatText(ToText(boats(clResults::BoatsCol::SailNo, row)),
+                                      kSailNumberFormat) +
+                           text;
                 ui->SelBoat->addItem(Q(text), id);
                 if (id == SelectId || (select < 0 && SelectId <= 0 && !addingBoat))
                     select = ui->SelBoat->count() - 1;
@@ -171,10 +174,11 @@ std::string frmBoatDetail::ShowModels(int SelectId) {
         ui->SelModel->clear();
         const bool withDrafts = ui->cDraft->isChecked();
         for (std::size_t row = 0; Msg.empty() && row < models.Rows(); ++row) {
-            std::string text = ToText(models(1, row));
-            if (withDrafts && models(2, row).IsNumber())
-                text = FormatText(text, kModelFormat) + ToText(models(2, row)) + "m";
-            ui->SelModel->addItem(Q(text), IdOf(models(0, row)));
+            std::string text = ToText(models(clResults::ModelsCol::Model, row));
+            if (withDrafts && models(clResults::ModelsCol::Draft, row).IsNumber())
+                text = FormatText(text, kModelFormat) +
+                       ToText(models(clResults::ModelsCol::Draft, row)) + "m";
+            ui->SelModel->addItem(Q(text), IdOf(models(clResults::ModelsCol::Id, row)));
         }
     }
     ChooseById(ui->SelModel, SelectId);
@@ -189,7 +193,8 @@ std::string frmBoatDetail::ShowPeople(int SelectId) {
         const QSignalBlocker block(ui->SelOwner);
         ui->SelOwner->clear();
         for (std::size_t row = 0; Msg.empty() && row < people.Rows(); ++row)
-            ui->SelOwner->addItem(FieldText(people(1, row)), IdOf(people(0, row)));
+            ui->SelOwner->addItem(FieldText(people(clResults::PeopleCol::Person, row)),
+                                  IdOf(people(clResults::PeopleCol::Id, row)));
     }
     ChooseById(ui->SelOwner, SelectId);
     UpdateChangeState();
@@ -201,12 +206,14 @@ std::string frmBoatDetail::ShowHandicaps() {
     RowSet handicaps;
     const std::string Msg = ResultsDb.GetHandicaps(BoatId, handicaps);
     for (std::size_t row = 0; Msg.empty() && row < handicaps.Rows(); ++row) {
-        const std::string line = FormatText(ToText(handicaps(1, row)) + " ", kHandicapTypeFormat) +
-                                 Format(handicaps(2, row), "0.000") + "  " +
-                                 Format(handicaps(3, row), "dd/mm/yy") + "  " +
-                                 Format(handicaps(4, row), "dd/mm/yy");
+        const std::string line =
+            FormatText(ToText(handicaps(clResults::HandicapsCol::Description, row)) + " ",
+                       kHandicapTypeFormat) +
+            Format(handicaps(clResults::HandicapsCol::Handicap, row), "0.000") + "  " +
+            Format(handicaps(clResults::HandicapsCol::EffectiveFrom, row), "dd/mm/yy") + "  " +
+            Format(handicaps(clResults::HandicapsCol::Expires, row), "dd/mm/yy");
         auto* item = new QListWidgetItem(Q(line), ui->listHandicaps);
-        item->setData(Qt::UserRole, IdOf(handicaps(0, row)));
+        item->setData(Qt::UserRole, IdOf(handicaps(clResults::HandicapsCol::Id, row)));
     }
     return Msg;
 }
@@ -232,10 +239,10 @@ std::string frmBoatDetail::ShowBoat() {
         Msg = ResultsDb.GetBoatDetails(BoatId, detail);
         if (!Msg.empty())
             return Msg;
-        name = FieldText(detail(0, 0));
-        sailNo = FieldText(detail(2, 0));
-        ChooseById(ui->SelModel, IdOf(detail(1, 0)));
-        ChooseById(ui->SelOwner, IdOf(detail(3, 0)));
+        name = FieldText(detail(clResults::BoatDetailCol::BoatName, 0));
+        sailNo = FieldText(detail(clResults::BoatDetailCol::FullSailNo, 0));
+        ChooseById(ui->SelModel, IdOf(detail(clResults::BoatDetailCol::BoatType, 0)));
+        ChooseById(ui->SelOwner, IdOf(detail(clResults::BoatDetailCol::Owner, 0)));
         Msg = ShowHandicaps();
     } else {
         ChooseById(ui->SelModel, 0);
@@ -292,7 +299,7 @@ std::string frmBoatDetail::SaveBoat() {
         if (BoatId == 0) {
             RowSet found;
             if (ResultsDb.FindBoat(sailNo, found).empty() && !found.IsEmpty() &&
-                found(0, 0).AsInt() > 0 &&
+                found(clResults::FoundCol::Id, 0).AsInt() > 0 &&
                 !AskYesNo("A boat with this sail number already exists. Continue to save the "
                           "details?")) {
                 RestoreShownValues();
@@ -429,7 +436,8 @@ std::string frmBoatDetail::ListBoatsOfModel() {
         return Msg;
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < boats.Rows(); ++row)
-        lines.push_back(ToText(boats(0, row)) + " " + ToText(boats(1, row)));
+        lines.push_back(ToText(boats(clResults::BoatNamesCol::BoatName, row)) + " " +
+                        ToText(boats(clResults::BoatNamesCol::FullSailNo, row)));
     ShowInformation("Boats of type " + S(ui->SelModel->currentText()),
                     lines.empty() ? "No boats found" : JoinLines(lines));
     return Msg;
@@ -444,7 +452,9 @@ std::string frmBoatDetail::ListSeriesEntered() {
         return Msg;
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < series.Rows(); ++row)
-        lines.push_back(ToText(series(1, row)) + " (" + Format(series(0, row), "yyyy") + ")");
+        lines.push_back(ToText(series(clResults::SeriesEnteredCol::Title, row)) + " (" +
+                        Format(series(clResults::SeriesEnteredCol::FirstRaceDate, row), "yyyy") +
+                        ")");
     ShowInformation("Series entered by " + S(ui->SelBoat->currentText()),
                     lines.empty() ? "No entries found" : JoinLines(lines));
     return Msg;

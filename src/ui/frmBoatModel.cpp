@@ -40,9 +40,9 @@ std::string frmBoatModel::Load() {
     RowSet detail;
     std::string Msg = ResultsDb.GetModelDetails(ModelId, detail);
     if (Msg.empty()) {
-        ui->tModel->setText(FieldText(detail(0, 0)));
-        ui->tLOA->setText(FieldText(detail(1, 0)));
-        ui->tDraft->setText(FieldText(detail(2, 0)));
+        ui->tModel->setText(FieldText(detail(clResults::ModelDetailCol::Model, 0)));
+        ui->tLOA->setText(FieldText(detail(clResults::ModelDetailCol::LOA, 0)));
+        ui->tDraft->setText(FieldText(detail(clResults::ModelDetailCol::Draft, 0)));
     }
     return Msg;
 }

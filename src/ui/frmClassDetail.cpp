@@ -41,9 +41,12 @@ void frmClassDetail::Load() {
         RowSet detail;
         Msg = ResultsDb.GetClassDetails(ClassId, detail);
         if (Msg.empty() && !detail.IsEmpty()) {
-            handicapType = static_cast<int>(detail(0, 0).AsInt());
-            ui->tTitle->setText(QString::fromStdString(detail(1, 0).ToText()));
-            ui->tValue->setText(QString::fromStdString(detail(2, 0).ToText()));
+            handicapType =
+                static_cast<int>(detail(clResults::ClassDetailCol::HandicapType, 0).AsInt());
+            ui->tTitle->setText(
+                QString::fromStdString(detail(clResults::ClassDetailCol::ClassName, 0).ToText()));
+            ui->tValue->setText(
+                QString::fromStdString(detail(clResults::ClassDetailCol::MinTCF, 0).ToText()));
         }
     }
     ui->SelHandicap->clear();
@@ -51,8 +54,9 @@ void frmClassDetail::Load() {
         RowSet types;
         Msg = ResultsDb.GetHandicapTypes(types);
         for (std::size_t r = 0; Msg.empty() && !types.IsEmpty() && r < types.Rows(); ++r) {
-            ui->SelHandicap->addItem(QString::fromStdString(types(1, r).ToText()),
-                                     static_cast<int>(types(0, r).AsInt()));
+            ui->SelHandicap->addItem(
+                QString::fromStdString(types(clResults::HandicapTypesCol::Description, r).ToText()),
+                static_cast<int>(types(clResults::HandicapTypesCol::Id, r).AsInt()));
         }
     }
     ui->SelHandicap->setCurrentIndex(ui->SelHandicap->findData(handicapType));

@@ -20,6 +20,11 @@ namespace tb {
 
 namespace {
 
+// The boat list shows either the series' entries or every boat, read by the same columns.
+static_assert(std::size_t{clResults::EntriesCol::BoatId} == clResults::BoatsCol::Id &&
+              std::size_t{clResults::EntriesCol::BoatName} == clResults::BoatsCol::BoatName &&
+              std::size_t{clResults::EntriesCol::FullSailNo} == clResults::BoatsCol::FullSailNo);
+
 constexpr int kIndividualRaces = 2;
 
 QString Text(const std::string& text) {
@@ -85,7 +90,7 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
     RowSet series;
     std::string Msg = ResultsDb.GetSeriesDetails(SeriesId, series);
     if (Msg.empty())
-        ui->lSeries->setText(Text(series(0, 0).ToText()));
+        ui->lSeries->setText(Text(series(clResults::SeriesDetailCol::Title, 0).ToText()));
     ui->RShow_0->setChecked(true);
     if (Msg.empty())
         Msg = ShowEntries(0);
@@ -122,10 +127,10 @@ std::string frmEntryDetail::ShowEntries(int BoatId) {
         RowSet rows;
         Msg = ui->RShow_0->isChecked() ? ResultsDb.GetEntries(SeriesId, rows)
                                        : ResultsDb.GetBoats(rows);
-        const std::size_t sailNoColumn = 3;
         for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
-            const int id = static_cast<int>(rows(0, r).AsInt());
-            ui->SelEntry->addItem(BoatLine(rows(1, r).ToText(), rows(sailNoColumn, r).ToText()),
+            const int id = static_cast<int>(rows(clResults::EntriesCol::BoatId, r).AsInt());
+            ui->SelEntry->addItem(BoatLine(rows(clResults::EntriesCol::BoatName, r).ToText(),
+                                           rows(clResults::EntriesCol::FullSailNo, r).ToText()),
                                   id);
             if (id == BoatId || (r == 0 && BoatId <= 0))
                 selected = static_cast<int>(r);
@@ -149,8 +154,9 @@ std::string frmEntryDetail::ShowPeople(int PersonId) {
             RowSet people;
             Msg = ResultsDb.GetPeople(people);
             for (std::size_t r = 0; Msg.empty() && !people.IsEmpty() && r < people.Rows(); ++r) {
-                ui->SelEntrant->addItem(Text(people(1, r).ToText()),
-                                        static_cast<int>(people(0, r).AsInt()));
+                ui->SelEntrant->addItem(
+                    Text(people(clResults::PeopleCol::Person, r).ToText()),
+                    static_cast<int>(people(clResults::PeopleCol::Id, r).AsInt()));
             }
         }
         ui->SelEntrant->setCurrentIndex(-1);
@@ -170,8 +176,9 @@ std::string frmEntryDetail::ShowClasses(int ClassId) {
         RowSet classes;
         Msg = ResultsDb.GetEntryClasses(SeriesId, classes);
         for (std::size_t r = 0; Msg.empty() && !classes.IsEmpty() && r < classes.Rows(); ++r) {
-            ui->SelClass->addItem(Text(classes(1, r).ToText()),
-                                  static_cast<int>(classes(0, r).AsInt()));
+            ui->SelClass->addItem(
+                Text(classes(clResults::EntryClassesCol::ClassName, r).ToText()),
+                static_cast<int>(classes(clResults::EntryClassesCol::Id, r).AsInt()));
         }
     }
     ui->SelClass->setCurrentIndex(-1);
@@ -186,17 +193,19 @@ std::string frmEntryDetail::ShowRaces(const RowSet& RaceRows) {
     Races.Clear();
     const std::string Msg = ResultsDb.GetSchedule(Races, SeriesId);
     for (std::size_t r = 0; Msg.empty() && !Races.IsEmpty() && r < Races.Rows(); ++r) {
-        const Value& raceId = Races(0, r);
+        const Value& raceId = Races(clResults::ScheduleCol::Id, r);
         QString handicaps;
         bool entered = false;
         for (std::size_t e = 0; !RaceRows.IsEmpty() && e < RaceRows.Rows(); ++e) {
-            if (RaceRows(0, e).AsInt() == raceId.AsInt()) {
-                handicaps += HandicapText(RaceRows(1, e));
+            if (RaceRows(clResults::EntrantRacesCol::Race, e).AsInt() == raceId.AsInt()) {
+                handicaps += HandicapText(RaceRows(clResults::EntrantRacesCol::Handicap, e));
                 entered = true;
             }
         }
         auto* item = new QListWidgetItem(
-            EntryRaceLine(Races(2, r), Races(3, r).AsBool(), Races(1, r).ToText(), handicaps));
+            EntryRaceLine(Races(clResults::ScheduleCol::RaceDate, r),
+                          Races(clResults::ScheduleCol::InSubSeries, r).AsBool(),
+                          Races(clResults::ScheduleCol::RaceName, r).ToText(), handicaps));
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(entered ? Qt::Checked : Qt::Unchecked);
         item->setData(Qt::UserRole, static_cast<int>(raceId.AsInt()));
@@ -275,8 +284,11 @@ void frmEntryDetail::EntrantTypeChosen(int type) {
         return;
     }
     for (int i = 0; i < ui->listSchedule->count() && !Races.IsEmpty(); ++i) {
-        const bool fromEntryDate = DatePart(Races(2, i).AsDate()) >= DatePart(*entryDate);
-        const bool takesRace = type == 0 || type == 3 || (type == 1 && Races(3, i).AsBool());
+        const bool fromEntryDate =
+            DatePart(Races(clResults::ScheduleCol::RaceDate, i).AsDate()) >= DatePart(*entryDate);
+        const bool takesRace =
+            type == 0 || type == 3 ||
+            (type == 1 && Races(clResults::ScheduleCol::InSubSeries, i).AsBool());
         ui->listSchedule->item(i)->setCheckState(fromEntryDate && takesRace ? Qt::Checked
                                                                             : Qt::Unchecked);
     }

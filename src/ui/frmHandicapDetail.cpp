@@ -50,23 +50,26 @@ std::string frmHandicapDetail::Load() {
     std::string Msg = ResultsDb.GetBoatDetails(BoatId, boat);
     if (!Msg.empty())
         return Msg;
-    ui->lBoat->setText(FieldText(boat(0, 0)));
+    ui->lBoat->setText(FieldText(boat(clResults::BoatDetailCol::BoatName, 0)));
 
     RowSet detail;
     Msg = ResultsDb.GetHandicapDetail(Request, detail);
     if (!Msg.empty())
         return Msg;
-    ui->tValue->setText(FieldText(detail(1, 0)));
-    ui->tStart->setText(DateField(detail(2, 0)));
-    ui->tExpire->setText(DateField(detail(3, 0)));
+    ui->tValue->setText(FieldText(detail(clResults::HandicapDetailCol::Handicap, 0)));
+    ui->tStart->setText(DateField(detail(clResults::HandicapDetailCol::EffectiveFrom, 0)));
+    ui->tExpire->setText(DateField(detail(clResults::HandicapDetailCol::Expires, 0)));
 
     RowSet types;
     Msg = ResultsDb.GetHandicapTypes(types);
     if (!Msg.empty())
         return Msg;
     for (std::size_t row = 0; row < types.Rows(); ++row)
-        ui->SelHandicap->addItem(FieldText(types(1, row)), static_cast<int>(types(0, row).AsInt()));
-    ChooseById(ui->SelHandicap, static_cast<int>(detail(0, 0).AsInt()));
+        ui->SelHandicap->addItem(
+            FieldText(types(clResults::HandicapTypesCol::Description, row)),
+            static_cast<int>(types(clResults::HandicapTypesCol::Id, row).AsInt()));
+    ChooseById(ui->SelHandicap,
+               static_cast<int>(detail(clResults::HandicapDetailCol::HandicapType, 0).AsInt()));
 
     ui->lExpire->setVisible(Request < 0);
     if (Request == 0)

@@ -94,8 +94,9 @@ std::string frmOptions::FillHandicapTypes() {
     ui->SelHCs->blockSignals(true);
     ui->SelHCs->clear();
     for (std::size_t row = 0; Msg.empty() && !Types.IsEmpty() && row < Types.Rows(); ++row) {
-        ui->SelHCs->addItem(QString::fromStdString(Types(1, row).ToText()),
-                            static_cast<int>(Types(0, row).AsInt()));
+        ui->SelHCs->addItem(
+            QString::fromStdString(Types(clResults::HandicapTypesCol::Description, row).ToText()),
+            static_cast<int>(Types(clResults::HandicapTypesCol::Id, row).AsInt()));
     }
     ui->SelHCs->setCurrentIndex(-1);
     ui->SelHCs->blockSignals(false);
@@ -170,7 +171,7 @@ void frmOptions::ListModels_Click() {
     if (Boats.Rows() > kBoatsListed)
         text += " (first 20 shown)";
     for (std::size_t row = 0; row < Boats.Rows() && row < kBoatsListed; ++row)
-        text += "\r\n" + Boats(0, row).ToText();
+        text += "\r\n" + Boats(clResults::BoatsUsingCol::BoatName, row).ToText();
     ShowUsage(text);
 }
 
@@ -193,7 +194,8 @@ void frmOptions::ListSeries_Click() {
     std::string text =
         "This handicap type is used in " + std::to_string(Series.Rows()) + " series:";
     for (std::size_t row = 0; row < Series.Rows(); ++row)
-        text += "\r\n" + Series(0, row).ToText() + " (" + Format(Series(1, row), "yyyy") + ")";
+        text += "\r\n" + Series(clResults::SeriesUsingCol::Title, row).ToText() + " (" +
+                Format(Series(clResults::SeriesUsingCol::SeriesDate, row), "yyyy") + ")";
     ShowUsage(text);
 }
 

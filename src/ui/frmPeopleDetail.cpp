@@ -98,8 +98,8 @@ std::string frmPeopleDetail::ListPeople(int SelectId) {
             ui->SelPerson->clear();
             int select = -1;
             for (std::size_t row = 0; Msg.empty() && row < people.Rows(); ++row) {
-                const int id = static_cast<int>(people(0, row).AsInt());
-                ui->SelPerson->addItem(FieldText(people(1, row)), id);
+                const int id = static_cast<int>(people(clResults::PeopleCol::Id, row).AsInt());
+                ui->SelPerson->addItem(FieldText(people(clResults::PeopleCol::Person, row)), id);
                 if (id == SelectId || (row == 0 && SelectId <= 0))
                     select = static_cast<int>(row);
             }
@@ -128,7 +128,7 @@ void frmPeopleDetail::PersonChosen() {
 std::string frmPeopleDetail::ShowDetails() {
     const std::string Msg = Trap("PeopleDetail.ShowDetails", [this] {
         const int id = ChosenId(ui->SelPerson);
-        RowSet detail(14, 1);
+        RowSet detail(clResults::PersonDetailCol::Count, 1);
         const std::string Msg = id != 0 ? ResultsDb.GetPersonDetails(id, detail) : std::string();
         if (Msg.empty()) {
             const std::array<QLineEdit*, 12> fields = {
@@ -136,8 +136,8 @@ std::string frmPeopleDetail::ShowDetails() {
                 ui->tPostcode, ui->tCountry,  ui->tEvening, ui->tFax,   ui->tDay,   ui->tMobile};
             for (std::size_t column = 0; column < fields.size(); ++column)
                 fields[column]->setText(FieldText(detail(column, 0)));
-            ui->cMember->setChecked(detail(12, 0).AsBool());
-            ui->tEmail->setText(FieldText(detail(13, 0)));
+            ui->cMember->setChecked(detail(clResults::PersonDetailCol::ClubMember, 0).AsBool());
+            ui->tEmail->setText(FieldText(detail(clResults::PersonDetailCol::EmailAddress, 0)));
         }
         SetChanged(false);
         return Msg;
@@ -163,7 +163,7 @@ std::string frmPeopleDetail::SavePerson() {
         if (PersonId == 0) {
             RowSet found;
             if (ResultsDb.FindName(forename, surname, found).empty() && !found.IsEmpty() &&
-                found(0, 0).AsInt() > 0 &&
+                found(clResults::FoundCol::Id, 0).AsInt() > 0 &&
                 !AskYesNo("A person with this name already exists. Continue to save the "
                           "details?"))
                 return std::string();
@@ -215,7 +215,8 @@ std::string frmPeopleDetail::SearchPerson() {
         const std::string Msg = ResultsDb.FindPerson(S(typed), found);
         if (!Msg.empty())
             return Msg;
-        const int id = found.IsEmpty() ? 0 : static_cast<int>(found(0, 0).AsInt());
+        const int id =
+            found.IsEmpty() ? 0 : static_cast<int>(found(clResults::FoundCol::Id, 0).AsInt());
         if (id == 0) {
             ui->lInfo->setText("The name starting with " + typed + " was not found");
             Beep();
@@ -287,7 +288,8 @@ std::string frmPeopleDetail::ListSeriesEntered() {
         return Msg;
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < series.Rows(); ++row)
-        lines.push_back(Format(series(0, row), "yyyy") + " " + ToText(series(1, row)));
+        lines.push_back(Format(series(clResults::SeriesEnteredCol::FirstRaceDate, row), "yyyy") +
+                        " " + ToText(series(clResults::SeriesEnteredCol::Title, row)));
     ShowInformation(
         "Series entered by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
         lines.empty() ? "No entries found" : JoinLines(lines));
@@ -303,7 +305,8 @@ std::string frmPeopleDetail::ListBoatsOwned() {
         return Msg;
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < boats.Rows(); ++row)
-        lines.push_back(ToText(boats(0, row)) + " " + ToText(boats(1, row)));
+        lines.push_back(ToText(boats(clResults::BoatNamesCol::BoatName, row)) + " " +
+                        ToText(boats(clResults::BoatNamesCol::FullSailNo, row)));
     ShowInformation("Boats owned by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
                     lines.empty() ? "No boats found" : JoinLines(lines));
     return Msg;

@@ -28,17 +28,21 @@ void frmRaceDetail::Load() {
     RowSet series;
     if (!ResultsDb.GetSeriesDetails(SeriesWindow.SeriesId(), series).empty())
         return;
-    ui->lSeries->setText(QString::fromStdString(series(0, 0).ToText()));
+    ui->lSeries->setText(
+        QString::fromStdString(series(clResults::SeriesDetailCol::Title, 0).ToText()));
     RaceId = SeriesWindow.EditId();
     if (RaceId < 1)
         return;
     RowSet race;
     if (!ResultsDb.GetRaceDetails(RaceId, race).empty() || race.IsEmpty())
         return;
-    ui->tTitle->setText(QString::fromStdString(race(0, 0).ToText()));
-    ui->tDate->setText(QString::fromStdString(Format(race(1, 0), "dd/mm/yyyy")));
-    ui->cSubseries->setChecked(race(2, 0).AsBool());
-    ui->tRaceId->setText(QString::fromStdString(race(3, 0).ToText()));
+    ui->tTitle->setText(
+        QString::fromStdString(race(clResults::RaceDetailCol::RaceName, 0).ToText()));
+    ui->tDate->setText(
+        QString::fromStdString(Format(race(clResults::RaceDetailCol::RaceDate, 0), "dd/mm/yyyy")));
+    ui->cSubseries->setChecked(race(clResults::RaceDetailCol::InSubSeries, 0).AsBool());
+    ui->tRaceId->setText(
+        QString::fromStdString(race(clResults::RaceDetailCol::Reference, 0).ToText()));
 }
 
 void frmRaceDetail::OK() {

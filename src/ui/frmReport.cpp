@@ -65,12 +65,14 @@ void frmReport::Load() {
     RowSet series;
     std::string Msg = ResultsDb.GetSeriesDetails(seriesId, series);
     if (Msg.empty()) {
-        ui->lSeries->setText(QString::fromStdString(series(0, 0).ToText()));
+        ui->lSeries->setText(
+            QString::fromStdString(series(clResults::SeriesDetailCol::Title, 0).ToText()));
         RowSet race;
         Msg = ResultsDb.GetRaceDetails(raceId, race);
         if (Msg.empty() && !race.IsEmpty()) {
-            ui->lRace->setText(QString::fromStdString(race(0, 0).ToText() + " - " +
-                                                      Format(race(1, 0), "dd/mm/yyyy")));
+            ui->lRace->setText(QString::fromStdString(
+                race(clResults::RaceDetailCol::RaceName, 0).ToText() + " - " +
+                Format(race(clResults::RaceDetailCol::RaceDate, 0), "dd/mm/yyyy")));
         }
     }
     ShowMessage(Msg);

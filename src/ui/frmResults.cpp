@@ -10,6 +10,7 @@
 
 #include "data/Conversions.h"
 #include "data/Messages.h"
+#include "data/ResultStatus.h"
 #include "data/clResults.h"
 #include "ui/EnterKey.h"
 #include "ui/HelpFile.h"
@@ -24,7 +25,8 @@ namespace {
 
 // Statuses that mean the boat did not finish: a pre-filled hour makes no sense for them.
 bool IsNonFinishing(long long status) {
-    return status == 2 || status == 4 || status == 5;
+    return status == ResultStatus::kDidNotCompete || status == ResultStatus::kDidNotFinish ||
+           status == ResultStatus::kDidNotStart;
 }
 
 bool IsDigits(const QString& text) {
@@ -139,10 +141,11 @@ void frmResults::FillStatus() {
     const std::string Msg = ResultsDb.GetStatus(statuses);
     ShowMessage(Msg);
     for (std::size_t r = 0; !statuses.IsEmpty() && r < statuses.Rows(); ++r) {
-        QString text = Text(statuses(1, r));
-        if (!statuses(2, r).ToText().empty())
-            text += " - " + Text(statuses(2, r));
-        ui->SelStatus->addItem(text, QVariant::fromValue<qlonglong>(statuses(0, r).AsInt()));
+        QString text = Text(statuses(clResults::StatusCol::Code, r));
+        if (!statuses(clResults::StatusCol::Description, r).ToText().empty())
+            text += " - " + Text(statuses(clResults::StatusCol::Description, r));
+        ui->SelStatus->addItem(
+            text, QVariant::fromValue<qlonglong>(statuses(clResults::StatusCol::Id, r).AsInt()));
     }
     ui->SelStatus->setCurrentIndex(-1);
 }
@@ -162,9 +165,11 @@ void frmResults::FillEntries() {
     const QSignalBlocker blocker(ui->SelEntry);
     for (std::size_t r = 0; r < entries.Rows(); ++r) {
         const std::string text =
-            FormatText(entries(1, r).ToText() + " ", field) + entries(2, r).ToText();
+            FormatText(entries(clResults::RaceEntriesCol::BoatName, r).ToText() + " ", field) +
+            entries(clResults::RaceEntriesCol::FullSailNo, r).ToText();
         ui->SelEntry->addItem(QString::fromStdString(text),
-                              QVariant::fromValue<qlonglong>(entries(0, r).AsInt()));
+                              QVariant::fromValue<qlonglong>(
+                                  entries(clResults::RaceEntriesCol::EntrantId, r).AsInt()));
     }
     ui->SelEntry->setCurrentIndex(-1);
     ui->SelEntry->clearEditText();
@@ -180,7 +185,7 @@ void frmResults::CheckStartTimes() {
         return;
     }
     for (std::size_t r = 0; !starts.IsEmpty() && r < starts.Rows(); ++r) {
-        if (starts(4, r).IsDate())
+        if (starts(clResults::StartTimesCol::StartTime, r).IsDate())
             return;
     }
     // No class has started yet: the start times come first, once this window is up.
@@ -197,7 +202,7 @@ void frmResults::OpenStartTimes() {
         const std::string Msg = ResultsDb.GetStartTimeForEntrant(RaceId, EntrantId, start);
         ShowMessage(Msg);
         if (Msg.empty())
-            StartTime = start(1, 0);
+            StartTime = start(clResults::EntrantStartCol::StartTime, 0);
     }
 }
 
@@ -230,13 +235,13 @@ void frmResults::EntryEnter() {
             ShowMessage(Msg);
             return;
         }
-        if (Matches(0, 0).IsNull()) {
+        if (Matches(clResults::BoatInRaceCol::EntrantId, 0).IsNull()) {
             Refuse(search + " is not entered in this race", ui->SelEntry);
             return;
         }
         ui->lInfo->clear();
-        const int first =
-            ui->SelEntry->findData(QVariant::fromValue<qlonglong>(Matches(0, 0).AsInt()));
+        const int first = ui->SelEntry->findData(QVariant::fromValue<qlonglong>(
+            Matches(clResults::BoatInRaceCol::EntrantId, 0).AsInt()));
         if (first >= 0)
             ui->SelEntry->setCurrentIndex(first);
         if (Matches.Rows() > 1) {
@@ -272,10 +277,10 @@ void frmResults::ShowResult() {
         ShowMessage(Msg);
         return;
     }
-    StartTime = start(1, 0);
+    StartTime = start(clResults::EntrantStartCol::StartTime, 0);
 
     Loading = true;
-    const Value& finish = result(1, 0);
+    const Value& finish = result(clResults::ResultCol::FinishTime, 0);
     if (!finish.IsDate()) {
         ui->tTime->clear();
     } else {
@@ -283,14 +288,14 @@ void frmResults::ShowResult() {
         ui->tDate->setText(QString::fromStdString(Format(finish, "dd mmm yyyy")));
         SetFinishOption(StartTime.IsDate() ? FinishOption(StartTime.AsDate(), finish.AsDate()) : 2);
     }
-    ui->tMins->setText(Text(result(3, 0)));
-    ui->tPercent->setText(Text(result(4, 0)));
-    ui->tPoints->setText(Text(result(5, 0)));
-    ui->tNote->setText(Text(result(6, 0)));
-    ui->SelStatus->setCurrentIndex(
-        result(2, 0).IsNull()
-            ? -1
-            : ui->SelStatus->findData(QVariant::fromValue<qlonglong>(result(2, 0).AsInt())));
+    ui->tMins->setText(Text(result(clResults::ResultCol::PenaltyMins, 0)));
+    ui->tPercent->setText(Text(result(clResults::ResultCol::PenaltyPercent, 0)));
+    ui->tPoints->setText(Text(result(clResults::ResultCol::PenaltyPoints, 0)));
+    ui->tNote->setText(Text(result(clResults::ResultCol::Notes, 0)));
+    ui->SelStatus->setCurrentIndex(result(clResults::ResultCol::Status, 0).IsNull()
+                                       ? -1
+                                       : ui->SelStatus->findData(QVariant::fromValue<qlonglong>(
+                                             result(clResults::ResultCol::Status, 0).AsInt())));
     Loading = false;
     Changed = false;
 }
@@ -379,8 +384,8 @@ bool frmResults::Save() {
         ShowMessage(startMsg);
         return false;
     }
-    StartTime = start(1, 0);
-    const QString className = Text(start(0, 0));
+    StartTime = start(clResults::EntrantStartCol::StartTime, 0);
+    const QString className = Text(start(clResults::EntrantStartCol::ClassName, 0));
     // A boat without a class has no start to name, so that is said first.
     if (className.isEmpty()) {
         return Refuse("This boat has not been assigned a class.  Please check the entry details",

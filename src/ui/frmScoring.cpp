@@ -23,10 +23,6 @@ constexpr std::size_t kDsqRow = 0;  // the BFD/DNE/DSQ group, as status 1
 constexpr std::size_t kDncRow = 1;  // the DNC group, as status 2
 constexpr int kFirstMinimumBox = 10;
 
-constexpr std::size_t kValueColumn = 3;
-constexpr std::size_t kMinValueColumn = 4;
-constexpr std::size_t kBaseColumn = 2;
-
 // The cell of a detail row, Null when the system has fewer rows than the layout.
 Value Cell(const RowSet& rows, std::size_t column, std::size_t row) {
     return row < rows.Rows() ? rows(column, row) : Value();
@@ -37,14 +33,16 @@ void FillSystems(QComboBox* list, const RowSet& systems) {
     const QSignalBlocker block(list);
     list->clear();
     for (std::size_t row = 0; row < systems.Rows(); ++row)
-        list->addItem(FieldText(systems(1, row)), static_cast<int>(systems(0, row).AsInt()));
+        list->addItem(FieldText(systems(clResults::SystemsCol::Description, row)),
+                      static_cast<int>(systems(clResults::SystemsCol::Id, row).AsInt()));
     list->setCurrentIndex(list->count() > 0 ? 0 : -1);
 }
 
 std::string SeriesLines(const RowSet& series) {
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < series.Rows(); ++row)
-        lines.push_back(ToText(series(0, row)) + " (" + Format(series(1, row), "yyyy") + ")");
+        lines.push_back(ToText(series(clResults::SeriesUsingCol::Title, row)) + " (" +
+                        Format(series(clResults::SeriesUsingCol::SeriesDate, row), "yyyy") + ")");
     return JoinLines(lines);
 }
 
@@ -144,16 +142,18 @@ std::string frmScoring::ShowScoring() {
     if (!Msg.empty())
         return Msg;
     for (std::size_t k = 0; k < 7; ++k)
-        tValue[k]->setText(FieldText(Cell(points, kValueColumn, kFirstPlaceRow + k)));
+        tValue[k]->setText(
+            FieldText(Cell(points, clResults::ScoringDetailCol::Value, kFirstPlaceRow + k)));
     const std::array<std::size_t, 3> groupRows = {kDnfRow, kDsqRow, kDncRow};
     const std::array<QComboBox*, 3> bases = {ui->SelBase, ui->SelBaseDSQ, ui->SelbaseDNC};
     for (std::size_t g = 0; g < groupRows.size(); ++g) {
         const std::size_t row = groupRows[g];
-        tValue[7 + g]->setText(FieldText(Cell(points, kValueColumn, row)));
-        const Value minimum = Cell(points, kMinValueColumn, row);
+        tValue[7 + g]->setText(FieldText(Cell(points, clResults::ScoringDetailCol::Value, row)));
+        const Value minimum = Cell(points, clResults::ScoringDetailCol::MinValue, row);
         tValue[kFirstMinimumBox + g]->setText(minimum.AsDouble() == 0 ? QString()
                                                                       : FieldText(minimum));
-        bases[g]->setCurrentIndex(static_cast<int>(Cell(points, kBaseColumn, row).AsInt()));
+        bases[g]->setCurrentIndex(
+            static_cast<int>(Cell(points, clResults::ScoringDetailCol::Base, row).AsInt()));
     }
     return Msg;
 }
@@ -167,8 +167,8 @@ std::string frmScoring::ShowDiscards() {
     if (!Msg.empty())
         return Msg;
     for (std::size_t i = 0; i < tRun.size(); ++i) {
-        tRun[i]->setText(FieldText(Cell(lines, 0, i)));
-        tDiscards[i]->setText(FieldText(Cell(lines, 1, i)));
+        tRun[i]->setText(FieldText(Cell(lines, clResults::DiscardDetailCol::RacesRun, i)));
+        tDiscards[i]->setText(FieldText(Cell(lines, clResults::DiscardDetailCol::Discards, i)));
     }
     return Msg;
 }

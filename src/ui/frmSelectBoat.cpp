@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 
 #include "data/Conversions.h"
+#include "data/clResults.h"
 #include "ui/EnterKey.h"
 #include "ui/HelpFile.h"
 #include "ui_frmSelectBoat.h"
@@ -56,8 +57,11 @@ void frmSelectBoat::FillList(const RowSet& Matches) {
     ui->SelBoat->clear();
     for (std::size_t i = 0; !Matches.IsEmpty() && i < Matches.Rows(); ++i) {
         auto* item = new QListWidgetItem(QString::fromStdString(
-            BoatLine(Matches(1, i).ToText(), Matches(2, i).ToText(), Matches(3, i).ToText())));
-        item->setData(Qt::UserRole, QVariant::fromValue<qlonglong>(Matches(0, i).AsInt()));
+            BoatLine(Matches(clResults::BoatInRaceCol::BoatName, i).ToText(),
+                     Matches(clResults::BoatInRaceCol::FullSailNo, i).ToText(),
+                     Matches(clResults::BoatInRaceCol::ClassName, i).ToText())));
+        item->setData(Qt::UserRole, QVariant::fromValue<qlonglong>(
+                                        Matches(clResults::BoatInRaceCol::EntrantId, i).AsInt()));
         ui->SelBoat->addItem(item);
     }
     ui->SelBoat->setCurrentRow(0);

@@ -103,10 +103,12 @@ void frmSeries::ShowDetails() {
             RowSet rows;
             Msg = ResultsDb_.GetSeriesDetails(SeriesId_, rows);
             if (Msg.empty()) {
-                ui->tName->setText(QString::fromStdString(rows(0, 0).ToText()));
-                ui->tSubName->setText(QString::fromStdString(rows(1, 0).ToText()));
-                Scoring_ = static_cast<int>(rows(2, 0).AsInt());
-                Discards_ = static_cast<int>(rows(3, 0).AsInt());
+                ui->tName->setText(
+                    QString::fromStdString(rows(clResults::SeriesDetailCol::Title, 0).ToText()));
+                ui->tSubName->setText(QString::fromStdString(
+                    rows(clResults::SeriesDetailCol::SubseriesTitle, 0).ToText()));
+                Scoring_ = static_cast<int>(rows(clResults::SeriesDetailCol::Scoring, 0).AsInt());
+                Discards_ = static_cast<int>(rows(clResults::SeriesDetailCol::Discards, 0).AsInt());
             }
             if (Msg.empty())
                 Msg = ShowSchedule();
@@ -130,8 +132,9 @@ void frmSeries::FillSystemList(QComboBox* list, bool scoring, int selectedId, st
         RowSet rows;
         Msg = scoring ? ResultsDb_.GetScoring(rows) : ResultsDb_.GetDiscards(rows);
         for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
-            const int id = static_cast<int>(rows(0, r).AsInt());
-            list->addItem(QString::fromStdString(rows(1, r).ToText()), id);
+            const int id = static_cast<int>(rows(clResults::SystemsCol::Id, r).AsInt());
+            list->addItem(
+                QString::fromStdString(rows(clResults::SystemsCol::Description, r).ToText()), id);
             if (id == selectedId)
                 list->setCurrentIndex(list->count() - 1);
         }
@@ -147,8 +150,10 @@ std::string frmSeries::ShowSchedule() {
     const std::string Msg = ResultsDb_.GetSchedule(rows, SeriesId_);
     for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
         auto* item =
-            new QListWidgetItem(ScheduleLine(rows(2, r), rows(3, r).AsBool(), rows(1, r).ToText()));
-        item->setData(Qt::UserRole, static_cast<int>(rows(0, r).AsInt()));
+            new QListWidgetItem(ScheduleLine(rows(clResults::ScheduleCol::RaceDate, r),
+                                             rows(clResults::ScheduleCol::InSubSeries, r).AsBool(),
+                                             rows(clResults::ScheduleCol::RaceName, r).ToText()));
+        item->setData(Qt::UserRole, static_cast<int>(rows(clResults::ScheduleCol::Id, r).AsInt()));
         ui->listSchedule->addItem(item);
     }
     return Msg;
@@ -160,8 +165,11 @@ std::string frmSeries::ShowClassSplits() {
     const std::string Msg = ResultsDb_.GetClassSplits(rows, SeriesId_);
     for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
         auto* item = new QListWidgetItem(
-            ClassSplitLine(rows(2, r).ToText(), rows(1, r).ToText(), rows(3, r)));
-        item->setData(Qt::UserRole, static_cast<int>(rows(0, r).AsInt()));
+            ClassSplitLine(rows(clResults::ClassSplitsCol::ClassName, r).ToText(),
+                           rows(clResults::ClassSplitsCol::Description, r).ToText(),
+                           rows(clResults::ClassSplitsCol::MinTCF, r)));
+        item->setData(Qt::UserRole,
+                      static_cast<int>(rows(clResults::ClassSplitsCol::Id, r).AsInt()));
         ui->listClassSplits->addItem(item);
     }
     return Msg;

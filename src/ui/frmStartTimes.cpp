@@ -14,14 +14,6 @@ namespace tb {
 
 namespace {
 
-// Start columns as GetStartTimes gives them.
-constexpr std::size_t kStartId = 2;
-constexpr std::size_t kClassName = 3;
-constexpr std::size_t kStartTime = 4;
-constexpr std::size_t kTopNote = 6;
-constexpr std::size_t kFootnote = 7;
-constexpr std::size_t kRaceDate = 8;
-
 QString Text(const Value& v) {
     return QString::fromStdString(v.ToText());
 }
@@ -83,14 +75,14 @@ void frmStartTimes::ReadStarts() {
 void frmStartTimes::ShowClass() {
     if (Starts.IsEmpty())
         return;
-    ui->lClass->setText(Text(Starts(kClassName, ClassIndex)));
-    ui->tComment->setText(Text(Starts(kTopNote, ClassIndex)));
-    ui->tFootnote->setText(Text(Starts(kFootnote, ClassIndex)));
-    const Value& start = Starts(kStartTime, ClassIndex);
+    ui->lClass->setText(Text(Starts(clResults::StartTimesCol::ClassName, ClassIndex)));
+    ui->tComment->setText(Text(Starts(clResults::StartTimesCol::TopNote, ClassIndex)));
+    ui->tFootnote->setText(Text(Starts(clResults::StartTimesCol::Footnote, ClassIndex)));
+    const Value& start = Starts(clResults::StartTimesCol::StartTime, ClassIndex);
     if (start.IsNull()) {
         ui->tTime->clear();
-        ui->tDate->setText(
-            QString::fromStdString(Format(Starts(kRaceDate, ClassIndex), "dd/mm/yyyy")));
+        ui->tDate->setText(QString::fromStdString(
+            Format(Starts(clResults::StartTimesCol::RaceDate, ClassIndex), "dd/mm/yyyy")));
     } else {
         ui->tTime->setText(QString::fromStdString(Format(start, "hhmm")));
         ui->tDate->setText(QString::fromStdString(Format(start, "dd/mm/yyyy")));
@@ -124,7 +116,8 @@ void frmStartTimes::Save() {
         startTime = Value(*start);
     }
 
-    const int startId = static_cast<int>(Starts(kStartId, ClassIndex).AsInt());
+    const int startId =
+        static_cast<int>(Starts(clResults::StartTimesCol::StartId, ClassIndex).AsInt());
     const std::string Msg =
         ResultsDb.PutStartTime(startId, startTime, ui->tComment->text().toStdString(),
                                ui->tFootnote->text().toStdString());

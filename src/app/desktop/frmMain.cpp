@@ -130,7 +130,7 @@ std::string frmMain::GetYear() {
             ui->SelYear->clear();
             if (Msg.empty() && !Years.IsEmpty()) {
                 for (std::size_t row = 0; row < Years.Rows(); ++row) {
-                    const std::string year = Years(0, row).ToText();
+                    const std::string year = Years(clResults::YearsCol::Year, row).ToText();
                     ui->SelYear->addItem(QString::fromStdString(year),
                                          static_cast<int>(ParseNumber(year).value_or(0)));
                     if (year == CurrentYear)
@@ -157,8 +157,10 @@ std::string frmMain::GetSeries() {
             ui->SelSeries->clear();
             if (Msg.empty() && !Series.IsEmpty()) {
                 for (std::size_t row = 0; row < Series.Rows(); ++row) {
-                    const int id = static_cast<int>(Series(0, row).AsInt());
-                    ui->SelSeries->addItem(QString::fromStdString(Series(1, row).ToText()), id);
+                    const int id = static_cast<int>(Series(clResults::SeriesCol::Id, row).AsInt());
+                    ui->SelSeries->addItem(
+                        QString::fromStdString(Series(clResults::SeriesCol::Title, row).ToText()),
+                        id);
                     if (id == CurrentSeries)
                         selected = static_cast<int>(row);
                 }
@@ -188,9 +190,11 @@ std::string frmMain::GetSchedule() {
             const QSignalBlocker quiet(ui->SelRace);
             if (Msg.empty() && !Schedule.IsEmpty()) {
                 for (std::size_t row = 0; row < Schedule.Rows(); ++row) {
-                    const int id = static_cast<int>(Schedule(0, row).AsInt());
+                    const int id =
+                        static_cast<int>(Schedule(clResults::ScheduleCol::Id, row).AsInt());
                     const std::string text =
-                        Schedule(1, row).ToText() + " - " + Format(Schedule(2, row), "dd/mm/yyyy");
+                        Schedule(clResults::ScheduleCol::RaceName, row).ToText() + " - " +
+                        Format(Schedule(clResults::ScheduleCol::RaceDate, row), "dd/mm/yyyy");
                     ui->SelRace->addItem(QString::fromStdString(text), id);
                     if (id == CurrentSchedule)
                         selected = static_cast<int>(row);
@@ -216,7 +220,7 @@ std::string frmMain::CheckRaceSelection() {
     if (Msg.empty()) {
         Msg = "X-This series has no associated classes.  Please check the series details";
         for (std::size_t row = 0; !Classes.IsEmpty() && row < Classes.Rows(); ++row) {
-            if (Classes(2, row).ToText() == "C")
+            if (Classes(clResults::EntryClassesCol::Flag, row).ToText() == "C")
                 Msg.clear();
         }
     }
