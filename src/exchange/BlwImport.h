@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "data/ResultStatus.h"
 #include "data/Value.h"
 #include "data/clResults.h"
 #include "exchange/BlwFile.h"
@@ -22,7 +23,7 @@ struct ImportedHandicap {
 struct ImportedResult {
     std::size_t race = 0;
     std::optional<DateTime> finish;
-    int status = 9;
+    int status = ResultStatus::kFinished;
 };
 
 struct ImportedEntrant {

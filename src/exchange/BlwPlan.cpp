@@ -4,6 +4,7 @@
 
 #include "data/Conversions.h"
 #include "data/Messages.h"
+#include "data/ResultStatus.h"
 #include "exchange/BlwImport.h"
 
 namespace tb {
@@ -17,7 +18,6 @@ using blw::Text;
 const std::map<std::string, int> kStatusOfCode = {{"BFD", 1}, {"DNC", 2}, {"DNE", 3}, {"DNF", 4},
                                                   {"DNS", 5}, {"DSQ", 6}, {"OCS", 7}, {"RAF", 8},
                                                   {"RET", 4}, {"UFD", 1}};
-constexpr int kDidNotFinish = 4;
 
 // The problem of one row, named by its line and key.
 struct RowFault {
@@ -475,7 +475,8 @@ struct SeriesPlanner {
         const std::string code = Upper(Trimmed(Text(cell, "rcod")));
         if (!code.empty()) {
             const auto status = kStatusOfCode.find(code);
-            result.status = status == kStatusOfCode.end() ? kDidNotFinish : status->second;
+            result.status =
+                status == kStatusOfCode.end() ? ResultStatus::kDidNotFinish : status->second;
             if (status == kStatusOfCode.end() ||
                 (code != "DNC" && code != "DNS" && code != "DNF" && code != "DSQ" &&
                  code != "OCS" && code != "BFD" && code != "DNE" && code != "RAF")) {
