@@ -214,6 +214,9 @@ INSERT INTO Discards (DiscardSystem, RacesRun, Discards) VALUES
     (1, NULL, NULL),
     (1, NULL, NULL);
 
+-- One handicap type, so that boats can be given handicaps on the club's first evening.
+INSERT INTO HandicapType (Description) VALUES ('TCF');
+
 INSERT INTO Settings (Parameter, Value) VALUES
     ('Version', '1.0'),
     ('Header', NULL),

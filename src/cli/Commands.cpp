@@ -1,6 +1,7 @@
 #include "cli/Commands.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <iostream>
 #include <limits>
@@ -61,6 +62,16 @@ int Run(const std::vector<std::string>& args) {
         add(app, status);
     if (args.empty()) {
         std::cerr << app.help();
+        return kWrongArguments;
+    }
+    const auto commands = app.get_subcommands([](CLI::App*) { return true; });
+    if (!args[0].starts_with('-') &&
+        std::none_of(commands.begin(), commands.end(),
+                     [&](const CLI::App* command) { return command->get_name() == args[0]; })) {
+        std::cerr << args[0] << ": no such command; the commands are";
+        for (const CLI::App* command : commands)
+            std::cerr << ' ' << command->get_name();
+        std::cerr << '\n';
         return kWrongArguments;
     }
     // CLI11 takes the arguments last first.

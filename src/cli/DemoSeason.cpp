@@ -108,9 +108,10 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
             "UPDATE Settings SET Value = 'Riverside Sailing Club' WHERE Parameter = 'Header';"
             "UPDATE Settings SET Value = 'Provisional until the protest time limit has passed' "
             "WHERE Parameter = 'Comment'");
+        // The new database's own handicap type (Id 1) becomes the club's.
         db.exec(
-            "INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club TCF'), "
-            "(2, 'Multihull TCF')");
+            "UPDATE HandicapType SET Description = 'Club TCF' WHERE Id = 1;"
+            "INSERT INTO HandicapType (Id, Description) VALUES (2, 'Multihull TCF')");
 
         SQLite::Statement addModel(
             db, "INSERT INTO BoatType (Model, LOA, Draft) VALUES (:model, :loa, :draft)");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 namespace tb {
 
@@ -13,9 +14,13 @@ inline constexpr const char* kReportPathKey = "ReportPath";
 QString ReadStartupSetting(const QString& key);
 void WriteStartupSetting(const QString& key, const QString& value);
 
-// Sets DataFile and ReportPath from the store, each falling back to its place beside the program
-// when the store holds nothing (the report folder always ends with "/"), and HelpPath to the
-// program's help folder.
-void LoadStartupPaths();
+// Paths the command line gives for this run only; the store is left as it is.
+void UsePathsForThisRun(const QString& dataFile, const QString& reportPath);
+
+// Sets DataFile and ReportPath from this run's paths, else the store, each falling back to its
+// default (the report folder always ends with "/"), and HelpPath to the program's help folder.
+// On a first start (no data file anywhere) it makes the default database and stores its path;
+// it gives the report folder the shipped style sheets it lacks. Returns a message.
+std::string LoadStartupPaths();
 
 }  // namespace tb

@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QTest>
+#include <filesystem>
 
 #include "app/Globals.h"
 #include "app/desktop/frmMain.h"
@@ -269,6 +270,29 @@ private slots:
         QCOMPARE(Shown(*messages), QStringList());
         QCOMPARE(Listed("SelSeries"), QStringList({"Summer Series"}));
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
+    }
+
+    // A fresh account starting an installed copy: a new database and the style sheets in the
+    // user's data folder, the settings pointed at the database, and no message at all.
+    void aFirstStartMakesTheUsersDatabaseWithoutAMessage() {
+        TempFolder root;
+        const std::string installed = root.path() + "/usr/share/tallyboard";
+        std::filesystem::create_directories(installed);
+        std::filesystem::copy(ProgramFolder() + "/Reports", installed + "/Reports");
+        SetProgramFolder(installed);
+        qputenv("XDG_DATA_HOME", QByteArray::fromStdString(root.path() + "/data"));
+        WriteStartupSetting(kDataFileKey, QString());
+
+        OpenMain();
+        SetProgramFolder("");
+        qunsetenv("XDG_DATA_HOME");
+        const std::string user = root.path() + "/data/Tallyboard/";
+        QCOMPARE(Shown(*messages), QStringList());
+        QCOMPARE(DataFile, user + "Tallyboard.db");
+        QCOMPARE(ReadStartupSetting(kDataFileKey).toStdString(), DataFile);
+        QCOMPARE(ReportPath, user + "Reports/");
+        QVERIFY(std::filesystem::is_regular_file(ReportPath + "results.xsl"));
+        QCOMPARE(main->windowTitle(), kTitleStart);
     }
 };
 

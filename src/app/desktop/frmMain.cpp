@@ -80,7 +80,7 @@ frmMain::~frmMain() {
 void frmMain::Load() {
     try {
         ResultsDb = std::make_unique<clResults>();
-        LoadStartupPaths();
+        ShowMessage(LoadStartupPaths());
     } catch (...) {
         const PendingError pending = DescribeCurrentException();
         ShowMessage(ErrorText({}, "Main.Load", &pending));
