@@ -48,7 +48,7 @@ TEST_F(InitialisationFileTest, TakesActionLinesApartWhateverTheSpacingAndLineEnd
 // Each malformed line stops the reading with its trimmed text; what came before stays.
 TEST_F(InitialisationFileTest, MalformedLinesAreNamed) {
     const std::pair<const char*, const char*> cases[] = {
-        {"A,B=x,y,z,1,1", "comma inside the caption"},
+        {"A,B=x,y,1,1", "comma inside the caption"},
         {"Results=a.xsl,,out.htm,1", "missing second digit"},
         {"Results=a.xsl,,out.htm,1,", "separator without digit"},
         {"Results=a.xsl,out.htm,1,1", "too few commas"},

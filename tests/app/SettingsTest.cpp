@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <regex>
+
 #include "app/Globals.h"
+#include "data/Conversions.h"
 #include "data/clResults.h"
 #include "support/Checks.h"
 #include "support/TestDatabase.h"
@@ -86,6 +90,28 @@ TEST_F(SettingsTest, OptionsRefuseANameAnotherSystemHoldsButKeepTheTexts) {
     clResults unconnected;
     EXPECT_TRUE(
         test::IsRunTimeError(unconnected.PutOptions("h", "c", "f", id, "IRC"), "ConnectDb"));
+}
+
+// The stores of classes, models and handicaps stamp the file's change time, to the minute.
+TEST_F(SettingsTest, StoresStampTheChangeTime) {
+    const int type = AddType("Club");
+    db.Exec("INSERT INTO Series (Id, Title) VALUES (1, 'Summer')");
+    const int boat = db.Insert("INSERT INTO Boat (BoatName) VALUES (?1)", {"Gull"});
+    int model = -1;
+    const std::pair<const char*, std::function<std::string()>> stores[] = {
+        {"class", [&] { return results.PutClassDetails(0, 1, "Class 1", "0", type); }},
+        {"model", [&] { return results.PutModelDetails(model, "Laser", 4.2, 0.8); }},
+        {"handicap",
+         [&] { return results.PutHandicapDetails(0, boat, type, "1.05", "01/01/2024", ""); }},
+    };
+    const std::regex stamp(R"(\d\d [A-Z][a-z]{2} \d{4} \d\d:\d\d)");
+    for (const auto& [name, store] : stores) {
+        db.ForgetStamp();
+        ASSERT_EQ(store(), "") << name;
+        const std::string stamped = Setting("LastModified");
+        EXPECT_TRUE(std::regex_match(stamped, stamp)) << name << ": " << stamped;
+        EXPECT_TRUE(stamped.starts_with(FormatDate(Today(), "dd mmm yyyy"))) << name;
+    }
 }
 
 }  // namespace

@@ -4,8 +4,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "data/Schema.h"
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -14,27 +16,38 @@ namespace {
 using test::TempFolder;
 using test::TestDatabase;
 
-std::vector<std::string> Columns(TestDatabase& db, const std::string& table) {
-    std::vector<std::string> names;
-    SQLite::Statement st(db.raw(), "SELECT name FROM pragma_table_info(?) ORDER BY cid");
-    st.bind(1, table);
-    while (st.executeStep())
-        names.push_back(st.getColumn(0).getString());
-    return names;
+// The database format other programs read: each table with its columns in order, as
+// "Table: Name TYPE, Name TYPE, ...", one table a line.
+std::map<std::string, std::string> ListedFormat() {
+    std::ifstream file(test::GoldenFile("database-format.txt"));
+    std::map<std::string, std::string> tables;
+    std::string line;
+    while (std::getline(file, line)) {
+        const auto colon = line.find(": ");
+        if (colon != std::string::npos)
+            tables[line.substr(0, colon)] = line.substr(colon + 2);
+    }
+    return tables;
 }
 
-TEST(Schema, TablesHaveTheirColumnsInOrder) {
+TEST(Schema, EveryTableHasTheListedColumnsInOrder) {
     TestDatabase db;
-    using V = std::vector<std::string>;
-    EXPECT_EQ(Columns(db, "Results"), (V{"Id", "Schedule", "Entrant", "FinishTime", "Status",
-                                         "PenaltyMins", "PenaltyPercent", "PenaltyPoints", "Notes",
-                                         "Handicap", "ElapsedTime", "CorrectedTime", "Points"}));
-    EXPECT_EQ(Columns(db, "Entrant"), (V{"Id", "Series", "Boat", "Class", "EntrantType", "Entrant",
-                                         "EntryDate", "NameOnResults", "SeriesPoints"}));
-    EXPECT_EQ(Columns(db, "People").size(), 15u);
-    EXPECT_EQ(Columns(db, "Points"),
-              (V{"Scoring", "Place", "Status", "Base", "Value", "MinValue"}));
-    EXPECT_EQ(Columns(db, "Settings"), (V{"Parameter", "Value"}));
+    const auto listed = ListedFormat();
+    ASSERT_EQ(listed.size(), 18u);
+    std::map<std::string, std::string> made;
+    SQLite::Statement tables(db.raw(),
+                             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
+                             "LIKE 'sqlite_%'");
+    while (tables.executeStep()) {
+        const std::string table = tables.getColumn(0).getString();
+        SQLite::Statement columns(db.raw(),
+                                  "SELECT group_concat(name || ' ' || type, ', ') FROM "
+                                  "(SELECT name, type FROM pragma_table_info(?1) ORDER BY cid)");
+        columns.bind(1, table);
+        if (columns.executeStep())
+            made[table] = columns.getColumn(0).getString();
+    }
+    EXPECT_EQ(made, listed);
 }
 
 TEST(Schema, ANewDatabaseListsTheOutcomesInTheOrderTheResultsWindowExpects) {

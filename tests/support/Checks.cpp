@@ -24,4 +24,8 @@ std::string Scalar(const std::string& file, const std::string& sql) {
     return st.executeStep() ? st.getColumn(0).getString() : std::string("<no row>");
 }
 
+std::string GoldenFile(const std::string& name) {
+    return std::string(TALLYBOARD_GOLDEN_DIR) + "/" + name;
+}
+
 }  // namespace tb::test

@@ -19,4 +19,7 @@ std::vector<std::string> Column(const RowSet& rows, std::size_t column);
 // The first column of the first row a query finds in a database file ("<no row>" for none).
 std::string Scalar(const std::string& file, const std::string& sql);
 
+// The path of an expected text kept under tests/data/golden.
+std::string GoldenFile(const std::string& name);
+
 }  // namespace tb::test
