@@ -9,6 +9,7 @@
 
 #include "data/Conversions.h"
 #include "exchange/BlwImport.h"
+#include "support/Checks.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -72,11 +73,11 @@ TEST(BlwImport, BringsTheSeasonAcrossAsTheFileHasIt) {
     clResults results;
     std::string summary;
     ASSERT_EQ(ImportSeriesFile(results, kData + "season.blw", summary), "");
-    EXPECT_EQ(summary + "==\n" + Imported(db), FileText(kData + "season.expected"));
+    EXPECT_EQ(summary + "==\n" + Imported(db), FileText(test::GoldenFile("blw-season.txt")));
 }
 
 TEST(BlwImport, AFaultyFileNamesItsRowAndWritesNothing) {
-    std::istringstream faults(FileText(kData + "faults.txt"));
+    std::istringstream faults(FileText(test::GoldenFile("blw-faults.txt")));
     for (std::string line; std::getline(faults, line);) {
         const std::string file = line.substr(0, line.find('\t'));
         SCOPED_TRACE(file);
@@ -184,7 +185,7 @@ TEST(BlwSamples, SeasonWithMoreDiscardRulesThanFitIsRefused) {
     clResults results;
     std::string summary;
     EXPECT_EQ(ImportSeriesFile(results, kSamples + "place-only-season.blw", summary),
-              FileText(kData + "place-only-season.message"));
+              FileText(test::GoldenFile("blw-place-only-season.txt")));
     EXPECT_EQ(db.Count("Series") + db.Count("Boat") + db.Count("Schedule"), 0);
 }
 
