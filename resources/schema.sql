@@ -98,7 +98,7 @@ CREATE TABLE Class (
     Series INTEGER,
     ClassName TEXT COLLATE NOCASE,
     HandicapType INTEGER,
-    MinTCF REAL DEFAULT 0
+    MinTCF REAL
 );
 
 CREATE TABLE Entrant (

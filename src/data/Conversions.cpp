@@ -1,6 +1,5 @@
 #include "data/Conversions.h"
 
-#include <date/date.h>
 #include <time.h>
 
 #include <algorithm>
@@ -78,14 +77,14 @@ std::optional<DateTime> Checked(int y, int m, int d, int hh = 0, int mi = 0, int
     return sys_days(ymd) + hours(hh) + minutes(mi) + seconds(ss);
 }
 
-// An optional " hh:mm[:ss]" after a date.
-bool ReadTime(std::string_view s, std::size_t& pos, int& hh, int& mi, int& ss) {
+// An optional " hh:mm[:ss]" after a date, read only where a time of day belongs.
+bool ReadTime(std::string_view s, std::size_t& pos, bool withTime, int& hh, int& mi, int& ss) {
     hh = mi = ss = 0;
     if (pos == s.size())
         return true;
-    if (s[pos] != ' ' && s[pos] != 'T')
+    if (!withTime || s[pos] != ' ')
         return false;
-    while (pos < s.size() && (s[pos] == ' ' || s[pos] == 'T'))
+    while (pos < s.size() && s[pos] == ' ')
         ++pos;
     auto h = ReadNumber(s, pos, 2);
     if (!h || pos >= s.size() || s[pos] != ':')
@@ -156,18 +155,13 @@ long long SecondsOfDay(DateTime t) {
 int YearOf(DateTime t) {
     return static_cast<int>(Ymd(t).year());
 }
-unsigned MonthOf(DateTime t) {
-    return static_cast<unsigned>(Ymd(t).month());
-}
-unsigned DayOf(DateTime t) {
-    return static_cast<unsigned>(Ymd(t).day());
-}
-
 DateTime AddDays(DateTime t, int n) {
     return t + days(n);
 }
 
-std::optional<DateTime> ParseTypedDate(std::string_view text) {
+namespace {
+
+std::optional<DateTime> ParseDate(std::string_view text, bool withTime) {
     const std::string_view s = Trim(text);
     if (s.empty())
         return std::nullopt;
@@ -184,7 +178,7 @@ std::optional<DateTime> ParseTypedDate(std::string_view text) {
             return std::nullopt;
         ++pos;
         auto d = ReadNumber(s, pos, 2);
-        if (!d || !ReadTime(s, pos, hh, mi, ss))
+        if (!d || !ReadTime(s, pos, withTime, hh, mi, ss))
             return std::nullopt;
         return Checked(*y, *m, *d, hh, mi, ss);
     }
@@ -204,7 +198,7 @@ std::optional<DateTime> ParseTypedDate(std::string_view text) {
         const std::size_t digits = pos - yearStart;
         if (digits != 2 && digits != 4)
             return std::nullopt;
-        if (!ReadTime(s, pos, hh, mi, ss))
+        if (!ReadTime(s, pos, withTime, hh, mi, ss))
             return std::nullopt;
         if (digits == 4 && *y < 100)
             return std::nullopt;
@@ -231,9 +225,19 @@ std::optional<DateTime> ParseTypedDate(std::string_view text) {
         return std::nullopt;
     if (digits == 4 && *y < 100)
         return std::nullopt;
-    if (!ReadTime(s, pos, hh, mi, ss))
+    if (!ReadTime(s, pos, withTime, hh, mi, ss))
         return std::nullopt;
     return Checked(*y, static_cast<int>(*m), *d, hh, mi, ss);
+}
+
+}  // namespace
+
+std::optional<DateTime> ParseTypedDate(std::string_view text) {
+    return ParseDate(text, false);
+}
+
+std::optional<DateTime> ParseTypedDateTime(std::string_view text) {
+    return ParseDate(text, true);
 }
 
 namespace {
@@ -550,6 +554,33 @@ std::string FormatNumber(double x, std::string_view format) {
     return std::string(section.substr(0, first)) + digits + std::string(section.substr(last + 1));
 }
 
+namespace {
+
+bool IsContinuationByte(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+}  // namespace
+
+std::size_t CharacterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (char c : text)
+        count += IsContinuationByte(c) ? 0 : 1;
+    return count;
+}
+
+std::string_view CharacterAt(std::string_view text, std::size_t index) {
+    std::size_t start = 0;
+    for (std::size_t seen = 0; start < text.size(); ++start) {
+        if (!IsContinuationByte(text[start]) && seen++ == index)
+            break;
+    }
+    std::size_t end = start + 1;
+    while (end < text.size() && IsContinuationByte(text[end]))
+        ++end;
+    return start < text.size() ? text.substr(start, end - start) : std::string_view();
+}
+
 std::string FormatText(std::string_view text, std::string_view format) {
     std::size_t placeholders = 0;
     bool fromLeft = false;
@@ -560,9 +591,10 @@ std::string FormatText(std::string_view text, std::string_view format) {
             fromLeft = true;
     }
     std::string out(text);
-    if (out.size() >= placeholders)
+    const std::size_t characters = CharacterCount(out);
+    if (characters >= placeholders)
         return out;
-    const std::string padding(placeholders - out.size(), ' ');
+    const std::string padding(placeholders - characters, ' ');
     return fromLeft ? out + padding : padding + out;
 }
 
@@ -582,7 +614,7 @@ std::string Format(const Value& v, std::string_view format) {
     }
     if (auto t = ParseStoredDateTime(text))
         return FormatDate(*t, format);
-    if (auto t = ParseTypedDate(text))
+    if (auto t = ParseTypedDateTime(text))
         return FormatDate(*t, format);
     return text;
 }

@@ -19,14 +19,15 @@ DateTime Today();  // local date at midnight
 DateTime DatePart(DateTime t);
 long long SecondsOfDay(DateTime t);
 int YearOf(DateTime t);
-unsigned MonthOf(DateTime t);
-unsigned DayOf(DateTime t);
 DateTime AddDays(DateTime t, int days);
 
 // A date as a user types it ("is a valid date"): d/m/yy, dd/mm/yyyy, "d mmm yyyy" (English
-// month abbreviation or name) and ISO yyyy-mm-dd, optionally followed by a time hh:mm[:ss].
-// Two-digit years 00-29 are 20xx, 30-99 are 19xx. Anything else, or an impossible day, is nullopt.
+// month abbreviation or name) and ISO yyyy-mm-dd. Two-digit years 00-29 are 20xx, 30-99 are
+// 19xx. Anything else, a time of day included, or an impossible day, is nullopt: a date field
+// that kept a typed time would move a handicap's start off midnight.
 std::optional<DateTime> ParseTypedDate(std::string_view text);
+// The same date followed by an optional time " hh:mm[:ss]", for a text that holds both.
+std::optional<DateTime> ParseTypedDateTime(std::string_view text);
 bool IsValidDate(std::string_view text);
 
 // A date as other scoring programs write it: numbers in the order the letters d, m and y take in
@@ -60,6 +61,10 @@ double RoundHalfAwayFromZero(double x, int decimals = 0);
 std::string FormatDate(DateTime t, std::string_view format);
 std::string FormatNumber(double x, std::string_view format);
 std::string FormatText(std::string_view text, std::string_view format);
+// Texts are UTF-8; columns and positions count characters, not bytes, so "Zoë" takes three.
+std::size_t CharacterCount(std::string_view text);
+// The character at a position counted from 0, empty past the end.
+std::string_view CharacterAt(std::string_view text, std::size_t index);
 // Dispatches on the value's type; Null gives an empty text.
 std::string Format(const Value& v, std::string_view format);
 

@@ -23,4 +23,11 @@ inline DateTime TypedDate(const std::string& text) {
     return *date;
 }
 
+inline DateTime TypedDateTime(const std::string& text) {
+    const auto dateTime = ParseTypedDateTime(text);
+    if (!dateTime)
+        throw RunTimeFault::TypeMismatch();
+    return *dateTime;
+}
+
 }  // namespace tb

@@ -65,7 +65,7 @@ DateTime Value::AsDate() const {
         const auto& s = std::get<std::string>(v_);
         if (auto t = ParseStoredDateTime(s))
             return *t;
-        if (auto t = ParseTypedDate(s))
+        if (auto t = ParseTypedDateTime(s))
             return *t;
     }
     throw RunTimeFault::TypeMismatch();

@@ -85,12 +85,10 @@ std::string HeaderAttributes(short Option, const std::string& Letter) {
 }
 
 std::string ClassLink(const std::string& ClassName) {
-    if (ClassName.size() < 7)
-        return {};
-    const char seventh = ClassName[6];
-    if (seventh >= '1' && seventh <= '4')
-        return std::string("class") + seventh;
-    if (seventh == 'u')
+    const std::string_view seventh = CharacterAt(ClassName, 6);
+    if (seventh.size() == 1 && seventh[0] >= '1' && seventh[0] <= '4')
+        return "class" + std::string(seventh);
+    if (seventh == "u")
         return "classmultihulls";
     return {};
 }

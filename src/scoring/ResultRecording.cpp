@@ -69,8 +69,8 @@ std::string Right(const std::string& text, std::size_t count) {
 Value FinishDateTime(const std::string& FinishTime, const std::string& FinishDate) {
     if (FinishTime.empty())
         return {};
-    return Value(TypedDate(FinishDate + " " + Mid(FinishTime, 1, 2) + ":" + Mid(FinishTime, 3, 2) +
-                           ":" + Right(FinishTime, 2)));
+    return Value(TypedDateTime(FinishDate + " " + Mid(FinishTime, 1, 2) + ":" +
+                               Mid(FinishTime, 3, 2) + ":" + Right(FinishTime, 2)));
 }
 
 Value NumberOrZero(const std::string& text) {

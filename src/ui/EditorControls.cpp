@@ -1,6 +1,7 @@
 #include "ui/EditorControls.h"
 
 #include <QFontDatabase>
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 #include "data/Conversions.h"
@@ -20,6 +21,20 @@ std::string Trap(const char* location, const std::function<std::string()>& body)
         const PendingError error = DescribeCurrentException();
         return ErrorText("", location, &error);
     }
+}
+
+void RunTrapped(const char* location, const std::function<void()>& body) {
+    ShowMessage(Trap(location, [&body] {
+        body();
+        return std::string();
+    }));
+}
+
+void KeepTypedName(QComboBox* list) {
+    list->setCompleter(nullptr);
+    list->setInsertPolicy(QComboBox::NoInsert);
+    QObject::disconnect(list->lineEdit(), &QLineEdit::editingFinished, list, nullptr);
+    QObject::disconnect(list->lineEdit(), &QLineEdit::returnPressed, list, nullptr);
 }
 
 QFont ColumnFont() {

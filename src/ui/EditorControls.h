@@ -26,6 +26,9 @@ QString FieldText(const Value& value);
 
 // Runs a window procedure; a run-time error becomes the "C-Error" text for the location.
 std::string Trap(const char* location, const std::function<std::string()>& body);
+// Every window slot that reaches the database or converts typed text runs through here, so a
+// run-time error inside it is shown as its message and never leaves the event loop.
+void RunTrapped(const char* location, const std::function<void()>& body);
 
 // The font of lists padded into columns.
 QFont ColumnFont();
@@ -38,6 +41,10 @@ void ChooseById(QComboBox* list, int id);
 // An editable list counts as chosen only while its text is the chosen item's own text: a text
 // typed over it is a search or a new name.
 bool HasChosenItem(const QComboBox* list);
+// An editable list whose typed text is a name to save: the text is never completed to, nor
+// replaced by, an existing item's name when the user leaves the list or presses Enter, so a name
+// another record holds is refused on saving rather than that record chosen and overwritten.
+void KeepTypedName(QComboBox* list);
 // Removes the item at a position and chooses the one now there, or the one before it when the
 // last was removed (nothing in an emptied list), without running the selection handling.
 void RemoveAndChooseNeighbour(QComboBox* list, int position);

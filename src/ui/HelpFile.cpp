@@ -34,10 +34,6 @@ void SetHelpFile(const QString& helpName) {
     currentHelpFile = QString::fromStdString(HelpPath) + helpName + ".html";
 }
 
-QString CurrentHelpFile() {
-    return currentHelpFile;
-}
-
 void InstallHelpKey() {
     qApp->installEventFilter(new HelpKeyFilter(qApp));
 }

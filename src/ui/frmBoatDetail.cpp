@@ -266,14 +266,6 @@ void frmBoatDetail::UpdateChangeState() {
         button->setEnabled(!Changed);
 }
 
-void frmBoatDetail::RestoreShownValues() {
-    ui->tName->setText(shownName);
-    ui->tSailNo->setText(shownSailNo);
-    ChooseById(ui->SelModel, shownModel);
-    ChooseById(ui->SelOwner, shownOwner);
-    UpdateChangeState();
-}
-
 std::string frmBoatDetail::SaveBoat() {
     const std::string Msg = Trap("BoatDetail.SaveBoat", [this] {
         ui->tName->setText(ui->tName->text().trimmed());
@@ -302,7 +294,9 @@ std::string frmBoatDetail::SaveBoat() {
                 found(clResults::FoundCol::Id, 0).AsInt() > 0 &&
                 !AskYesNo("A boat with this sail number already exists. Continue to save the "
                           "details?")) {
-                RestoreShownValues();
+                // Everything typed stays, so the officer can correct the number and save.
+                ui->tSailNo->setFocus();
+                ui->tSailNo->selectAll();
                 ui->lInfo->setText("Details not saved");
                 return std::string();
             }

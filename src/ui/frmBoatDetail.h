@@ -49,7 +49,6 @@ private:
     std::string AskSave();
     void BoatChosen();
     void UpdateChangeState();
-    void RestoreShownValues();
 
     std::string AddBoat();
     std::string RemoveBoat();

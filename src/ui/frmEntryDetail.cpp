@@ -1,6 +1,5 @@
 #include "ui/frmEntryDetail.h"
 
-#include <QCloseEvent>
 #include <QFontDatabase>
 #include <QListWidget>
 #include <QRadioButton>
@@ -356,12 +355,6 @@ void frmEntryDetail::Cancel() {
 
 void frmEntryDetail::reject() {
     Cancel();
-}
-
-// The close box closes without offering to save; only Cancel and choosing another boat ask.
-void frmEntryDetail::closeEvent(QCloseEvent* event) {
-    QDialog::done(QDialog::Rejected);
-    event->accept();
 }
 
 void frmEntryDetail::RemoveEntry() {

@@ -30,7 +30,6 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 public slots:
     // Escape is Cancel.

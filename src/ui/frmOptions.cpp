@@ -7,6 +7,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
 #include "ui/StartupSettings.h"
 #include "ui_frmOptions.h"
@@ -34,9 +35,7 @@ void StoreIfChanged(const char* key, const std::string& path) {
 frmOptions::frmOptions(clResults& results, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(results) {
     ui->setupUi(this);
-    // A typed name stays what was typed when the list loses the focus: picking an existing type
-    // is done from the list, so that a name another type holds is refused rather than chosen.
-    disconnect(ui->SelHCs->lineEdit(), &QLineEdit::editingFinished, ui->SelHCs, nullptr);
+    KeepTypedName(ui->SelHCs);
     connect(ui->SelHCs, &QComboBox::currentIndexChanged, this, &frmOptions::SelHCs_Click);
     connect(ui->AddHCs, &QPushButton::clicked, this, &frmOptions::AddHCs_Click);
     connect(ui->cmdRemove, &QPushButton::clicked, this, &frmOptions::cmdRemove_Click);

@@ -12,6 +12,7 @@
 #include "data/Messages.h"
 #include "data/ResultStatus.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/EnterKey.h"
 #include "ui/HelpFile.h"
 #include "ui/RaceHeadings.h"
@@ -74,13 +75,18 @@ frmResults::frmResults(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* 
     ui->SelEntry->setInsertPolicy(QComboBox::NoInsert);
     // Typing searches by sail number or name on Enter; completing would pick a boat by itself.
     ui->SelEntry->setCompleter(nullptr);
-    ui->SelEntry->lineEdit()->installEventFilter(this);
+    // Keys typed into an editable list reach the list first, its inner field only through it.
+    ui->SelEntry->installEventFilter(this);
+    ui->SelStatus->installEventFilter(this);
     ui->tTime->installEventFilter(this);
 
-    connect(ui->SelEntry, &QComboBox::currentIndexChanged, this, &frmResults::ChooseEntry);
+    connect(ui->SelEntry, &QComboBox::currentIndexChanged, this,
+            [this](int index) { RunTrapped("Results.SelEntry", [&] { ChooseEntry(index); }); });
+    connect(ui->SelEntry, &QComboBox::activated, this, &frmResults::EntryPicked);
     connect(ui->SelEntry->lineEdit(), &QLineEdit::textEdited, this,
             [this] { EnableResultFields(false); });
-    connect(ui->cStart, &QPushButton::clicked, this, &frmResults::OpenStartTimes);
+    connect(ui->cStart, &QPushButton::clicked, this,
+            [this] { RunTrapped("Results.cStart", [this] { OpenStartTimes(); }); });
     connect(ui->tTime, &QLineEdit::textChanged, this, &frmResults::TimeChanged);
     connect(ui->tTime, &QLineEdit::returnPressed, this, &frmResults::TimeEnter);
     connect(rFinish, &QButtonGroup::idClicked, this, &frmResults::FinishChosen);
@@ -93,20 +99,22 @@ frmResults::frmResults(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* 
         connect(field, &QLineEdit::returnPressed, next, [next] { next->setFocus(); });
     connect(ui->tNote, &QLineEdit::returnPressed, this, [this] {
         if (ui->cmdOK->isEnabled())
-            Save();
+            TrappedSave();
     });
     for (QLineEdit* field : {ui->tDate, ui->tMins, ui->tPercent, ui->tPoints, ui->tNote})
         connect(field, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmResults::Save);
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmResults::TrappedSave);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmResults::reject);
 
     SetFinishOption(0);
     EnableResultFields(false);
     SetChanged(false);
-    ShowRaceHeadings(ResultsDb, SeriesId, RaceId, *ui->lSeries, *ui->lRace);
-    FillStatus();
-    FillEntries();
-    CheckStartTimes();
+    RunTrapped("Results.Load", [this] {
+        ShowRaceHeadings(this->ResultsDb, this->SeriesId, this->RaceId, *ui->lSeries, *ui->lRace);
+        FillStatus();
+        FillEntries();
+        CheckStartTimes();
+    });
     ui->SelEntry->setFocus();
 }
 
@@ -124,10 +132,13 @@ void frmResults::keyPressEvent(QKeyEvent* e) {
 }
 
 bool frmResults::eventFilter(QObject* watched, QEvent* e) {
-    if (watched == ui->SelEntry->lineEdit() && e->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(e)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            EntryEnter();
+    if (e->type() == QEvent::KeyPress && IsEnterKey(static_cast<QKeyEvent*>(e))) {
+        if (watched == ui->SelEntry) {
+            RunTrapped("Results.SelEntry", [this] { EntryEnter(); });
+            return true;
+        }
+        if (watched == ui->SelStatus) {
+            StatusEnter();
             return true;
         }
     }
@@ -237,6 +248,8 @@ void frmResults::EntryEnter() {
         }
         if (Matches(clResults::BoatInRaceCol::EntrantId, 0).IsNull()) {
             Refuse(search + " is not entered in this race", ui->SelEntry);
+            // The next sail number typed replaces the one not found.
+            ui->SelEntry->lineEdit()->selectAll();
             return;
         }
         ui->lInfo->clear();
@@ -246,16 +259,30 @@ void frmResults::EntryEnter() {
             ui->SelEntry->setCurrentIndex(first);
         if (Matches.Rows() > 1) {
             Beep();
-            frmSelectBoat picker(Matches, *ui->SelEntry, this);
+            frmSelectBoat picker(Matches, this);
             picker.exec();
             SetHelpFile("Results");
+            const int chosen =
+                ui->SelEntry->findData(QVariant::fromValue<qlonglong>(picker.ChosenEntrant()));
+            if (chosen >= 0)
+                ui->SelEntry->setCurrentIndex(chosen);
         }
     }
     // Choosing the boat already shown brings back its result fields.
     if (ui->SelEntry->currentIndex() >= 0 && !ui->tTime->isEnabled())
         ChooseEntry(ui->SelEntry->currentIndex());
-    if (ui->tTime->isEnabled())
+    if (ui->tTime->isEnabled()) {
         ui->tTime->setFocus();
+        // A stored time is typed over, as a correction from the sheet is.
+        if (ui->tTime->text() != PrefilledHour)
+            ui->tTime->selectAll();
+    }
+}
+
+void frmResults::EntryPicked(int index) {
+    // Picking the shown boat again after editing the text brings its fields back as they were.
+    if (index >= 0 && ui->SelEntry->itemData(index).toInt() == EntrantId && !ui->tTime->isEnabled())
+        EnableResultFields(true);
 }
 
 void frmResults::EnableResultFields(bool enabled) {
@@ -322,10 +349,20 @@ void frmResults::TimeChanged(const QString& text) {
 }
 
 void frmResults::TimeEnter() {
-    if (ui->cmdOK->isEnabled())
-        Save();
+    // No time taken (a boat that did not finish): Enter goes on to the status, not to a refusal
+    // of the bare pre-filled hour.
+    const QString time = ui->tTime->text().trimmed();
+    if (ui->cmdOK->isEnabled() && !time.isEmpty() && time != PrefilledHour)
+        TrappedSave();
     else
         ui->SelStatus->setFocus();
+}
+
+void frmResults::StatusEnter() {
+    if (ui->cmdOK->isEnabled())
+        TrappedSave();
+    else
+        ui->tMins->setFocus();
 }
 
 void frmResults::StatusChosen(int index) {
@@ -357,7 +394,7 @@ bool frmResults::OfferToSave() {
     if (!Changed)
         return true;
     if (AskYesNo("Do you want to save the changes?", "Tallyboard"))
-        Save();
+        TrappedSave();
     else
         SetChanged(false);
     return !Changed;
@@ -368,6 +405,10 @@ bool frmResults::Refuse(const QString& message, QWidget* focus) {
     Beep();
     focus->setFocus();
     return false;
+}
+
+void frmResults::TrappedSave() {
+    RunTrapped("Results.cmdOK", [this] { Save(); });
 }
 
 bool frmResults::Save() {
@@ -407,7 +448,7 @@ bool frmResults::Save() {
     if (!time.isEmpty()) {
         if (!IsValidTime(time))
             return Refuse("Finish time is invalid", ui->tTime);
-        finish = ParseTypedDate(
+        finish = ParseTypedDateTime(
             (ui->tDate->text() + " " + time.left(2) + ":" + time.mid(2, 2) + ":" + time.right(2))
                 .toStdString());
         if (!finish || *finish < StartTime.AsDate() + std::chrono::seconds(1))

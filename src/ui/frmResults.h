@@ -42,18 +42,21 @@ private:
 
     void ChooseEntry(int index);
     void EntryEnter();
+    void EntryPicked(int index);
     void EnableResultFields(bool enabled);
     void ShowResult();
 
     void TimeEntered();
     void TimeChanged(const QString& text);
     void TimeEnter();
+    void StatusEnter();
     void StatusChosen(int index);
     void FinishChosen(int option);
     void SetFinishOption(int option);
 
     void SetChanged(bool changed);
     bool OfferToSave();
+    void TrappedSave();
     bool Save();
     bool Refuse(const QString& message, QWidget* focus);
 

@@ -57,10 +57,8 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
         tRun[i] = findChild<QLineEdit*>(QString("tRun_%1").arg(i));
         tDiscards[i] = findChild<QLineEdit*>(QString("tDiscards_%1").arg(i));
     }
-    // The typed text of these lists is the name to save: completing it to an existing name would
-    // turn a new system into a clash with an old one.
-    ui->SelScoring->setCompleter(nullptr);
-    ui->SelDiscards->setCompleter(nullptr);
+    KeepTypedName(ui->SelScoring);
+    KeepTypedName(ui->SelDiscards);
     for (QComboBox* base : {ui->SelBase, ui->SelBaseDSQ, ui->SelbaseDNC}) {
         base->addItem("No of entrants", 0);
         base->addItem("No of starters", 1);

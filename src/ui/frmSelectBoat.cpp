@@ -1,11 +1,11 @@
 #include "ui/frmSelectBoat.h"
 
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QKeyEvent>
 
 #include "data/Conversions.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/EnterKey.h"
 #include "ui/HelpFile.h"
 #include "ui_frmSelectBoat.h"
@@ -22,8 +22,8 @@ std::string BoatLine(const std::string& boat, const std::string& sailNo, const s
 
 }  // namespace
 
-frmSelectBoat::frmSelectBoat(const RowSet& Matches, QComboBox& SelEntry, QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::frmSelectBoat>()), SelEntry(SelEntry) {
+frmSelectBoat::frmSelectBoat(const RowSet& Matches, QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmSelectBoat>()) {
     ui->setupUi(this);
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     ui->SelBoat->setFont(fixed);
@@ -33,7 +33,7 @@ frmSelectBoat::frmSelectBoat(const RowSet& Matches, QComboBox& SelEntry, QWidget
     ui->SelBoat->setMinimumWidth(QFontMetrics(fixed).horizontalAdvance(QString(64, 'M')));
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmSelectBoat::Confirm);
     connect(ui->SelBoat, &QListWidget::itemDoubleClicked, this, &frmSelectBoat::Confirm);
-    FillList(Matches);
+    RunTrapped("SelectBoat.Load", [&] { FillList(Matches); });
 }
 
 frmSelectBoat::~frmSelectBoat() = default;
@@ -69,13 +69,8 @@ void frmSelectBoat::FillList(const RowSet& Matches) {
 }
 
 void frmSelectBoat::Confirm() {
-    if (const QListWidgetItem* chosen = ui->SelBoat->currentItem()) {
-        const qlonglong entrant = chosen->data(Qt::UserRole).toLongLong();
-        for (int i = 0; i < SelEntry.count(); ++i) {
-            if (SelEntry.itemData(i, Qt::UserRole).toLongLong() == entrant)
-                SelEntry.setCurrentIndex(i);
-        }
-    }
+    if (const QListWidgetItem* chosen = ui->SelBoat->currentItem())
+        EntrantId = chosen->data(Qt::UserRole).toInt();
     accept();
 }
 

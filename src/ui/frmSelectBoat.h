@@ -5,22 +5,23 @@
 
 #include "data/RowSet.h"
 
-class QComboBox;
-
 namespace Ui {
 class frmSelectBoat;
 }
 
 namespace tb {
 
-// Lets the officer pick one of several entered boats that match a search; the chosen entrant
-// becomes the selection of the results window's entrant list.
+// Lets the officer pick one of several entered boats that match a search; after exec() the
+// opener reads the chosen entrant.
 class frmSelectBoat : public QDialog {
     Q_OBJECT
 public:
     // Matches: Entrant.Id, BoatName, FullSailNo, ClassName, one row per boat found.
-    frmSelectBoat(const RowSet& Matches, QComboBox& SelEntry, QWidget* parent = nullptr);
+    explicit frmSelectBoat(const RowSet& Matches, QWidget* parent = nullptr);
     ~frmSelectBoat() override;
+
+    // The Entrant.Id picked, 0 when the window was closed without a choice.
+    int ChosenEntrant() const { return EntrantId; }
 
 protected:
     bool event(QEvent* e) override;
@@ -31,7 +32,7 @@ private:
     void Confirm();
 
     std::unique_ptr<Ui::frmSelectBoat> ui;
-    QComboBox& SelEntry;
+    int EntrantId = 0;
 };
 
 }  // namespace tb

@@ -5,6 +5,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/EnterKey.h"
 #include "ui/HelpFile.h"
 #include "ui/RaceHeadings.h"
@@ -36,13 +37,21 @@ frmStartTimes::frmStartTimes(clResults& ResultsDb, int SeriesId, int RaceId, QWi
       RaceId(RaceId) {
     ui->setupUi(this);
     connect(ui->tTime, &QLineEdit::returnPressed, this, [this] { ui->cmdOK->setFocus(); });
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmStartTimes::Save);
-    connect(ui->cmdCopy, &QPushButton::clicked, this, &frmStartTimes::Copy);
-    connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("StartTimes.cmdOK", [this] { Save(); }); });
+    connect(ui->cmdCopy, &QPushButton::clicked, this, [this] {
+        Copy();
+        Changed = true;
+    });
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmStartTimes::reject);
+    for (QLineEdit* field : {ui->tTime, ui->tDate, ui->tComment, ui->tFootnote})
+        connect(field, &QLineEdit::textEdited, this, [this] { Changed = true; });
 
-    ShowHeadings();
-    ReadStarts();
-    ShowClass();
+    RunTrapped("StartTimes.Load", [this] {
+        ShowHeadings();
+        ReadStarts();
+        ShowClass();
+    });
 }
 
 frmStartTimes::~frmStartTimes() = default;
@@ -51,6 +60,15 @@ bool frmStartTimes::event(QEvent* e) {
     if (e->type() == QEvent::WindowActivate)
         SetHelpFile("Results");
     return QDialog::event(e);
+}
+
+void frmStartTimes::reject() {
+    if (Changed && AskYesNo("Do you want to save the changes?", "Tallyboard"))
+        RunTrapped("StartTimes.Close", [this] { Save(); });
+    else
+        Changed = false;
+    if (!Changed)
+        QDialog::reject();
 }
 
 void frmStartTimes::keyPressEvent(QKeyEvent* e) {
@@ -89,6 +107,7 @@ void frmStartTimes::ShowClass() {
     }
     ui->tTime->setFocus();
     ui->tTime->selectAll();
+    Changed = false;
 }
 
 void frmStartTimes::Save() {
@@ -106,7 +125,7 @@ void frmStartTimes::Save() {
             ShowMessage("E-Please enter a valid start time");
             return;
         }
-        const auto start = ParseTypedDate(
+        const auto start = ParseTypedDateTime(
             (ui->tDate->text() + " " + time.left(2) + ":" + time.right(2)).toStdString());
         if (!start) {
             ShowMessage("E-Please enter a valid start date");

@@ -22,6 +22,10 @@ public:
     frmStartTimes(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* parent = nullptr);
     ~frmStartTimes() override;
 
+    // A typed start not yet saved is offered for saving first; the window stays open when it
+    // could not be saved.
+    void reject() override;
+
 protected:
     bool event(QEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
@@ -41,6 +45,7 @@ private:
     std::size_t ClassIndex = 0;
     QString LastComment;
     QString LastFootnote;
+    bool Changed = false;
 };
 
 }  // namespace tb

@@ -24,8 +24,9 @@ TEST(ParseTypedDate, AcceptsWhatAnOfficerTypesAndRejectsTheRest) {
         {"5 Jun 2005", "2005-06-05 00:00:00"},
         {"05 june 05", "2005-06-05 00:00:00"},
         {"2010-04-01", "2010-04-01 00:00:00"},
-        {"  12/06/2005 14:05  ", "2005-06-12 14:05:00"},
-        {"12/06/2005 14:05:09", "2005-06-12 14:05:09"},
+        {"  12/06/2005  ", "2005-06-12 00:00:00"},
+        {"01/06/2024 10:00", nullptr},
+        {"2010-04-01T10:00", nullptr},
         {"29/02/2012", "2012-02-29 00:00:00"},
         {"29/02/2000", "2000-02-29 00:00:00"},
         {"29/02/2011", nullptr},
@@ -129,6 +130,7 @@ TEST(FormatText, PadsForFixedPitchColumnsAndDurationsHaveUnpaddedHours) {
     EXPECT_EQ(FormatText("123", "@@@@@@@!"), "123    ");
     EXPECT_EQ(FormatText("GBR 12345678", "@@@@@@@!"), "GBR 12345678");
     EXPECT_EQ(FormatText("", "@@@"), "   ");
+    EXPECT_EQ(FormatText("Zoë", "!@@@@@"), "Zoë  ");
     EXPECT_EQ(FormatDuration(0), "0:00:00");
     EXPECT_EQ(FormatDuration(3725), "1:02:05");
     EXPECT_EQ(FormatDuration(90061), "25:01:01");

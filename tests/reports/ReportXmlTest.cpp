@@ -162,13 +162,10 @@ TEST(ReportXmlRules, PenaltyNotes) {
 
 TEST(ReportXmlRules, ClassLinksComeFromTheSeventhCharacter) {
     const std::pair<const char*, const char*> cases[] = {
-        {"Class 2", "class2"},
-        {"Class 4 fast", "class4"},
-        {"Class 5", ""},
-        {"Class 0", ""},
-        {"Multihull", "classmultihulls"},
-        {"Fleet", ""},
-        {"Class ", ""},
+        {"Class 2", "class2"}, {"Class 4 fast", "class4"},
+        {"Clåss 3", "class3"}, {"Class 5", ""},
+        {"Class 0", ""},       {"Multihull", "classmultihulls"},
+        {"Fleet", ""},         {"Class ", ""},
         {"Dinghies", ""},
     };
     for (const auto& [name, link] : cases)

@@ -85,85 +85,6 @@ private slots:
         store.reset();
     }
 
-    void restoresTheRememberedContextAndListsASeriesUnderEachOfItsYears() {
-        const int spring = AddSeries("Spring Cup");
-        const int winter = AddSeries("Winter Series");
-        AddRace(spring, "Race 1", "2026-04-12");
-        AddRace(winter, "Race 1", "2025-12-07");
-        const int january = AddRace(winter, "Race 2", "2026-01-04");
-        AddRace(winter, "Race 3", "2026-01-11");
-        AddRace(AddSeries("Autumn Series"), "Race 1", "2025-10-05");
-        Remember("LastSeriesYr", "2026");
-        Remember("LastSeries", std::to_string(winter));
-        Remember("LastSchedule", std::to_string(january));
-        Remember("LastModified", "21 Nov 2026 18:42");
-
-        OpenMain();
-        QCOMPARE(Listed("SelYear"), QStringList({"2026", "2025"}));
-        QCOMPARE(c.Current("SelYear"), QStringLiteral("2026"));
-        QCOMPARE(Listed("SelSeries"), QStringList({"Spring Cup", "Winter Series"}));
-        QCOMPARE(main->CurrentSeriesId(), winter);
-        QCOMPARE(Listed("SelRace"), QStringList({"Race 1 - 07/12/2025", "Race 2 - 04/01/2026",
-                                                 "Race 3 - 11/01/2026"}));
-        QCOMPARE(main->CurrentRaceId(), january);
-        QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("21 Nov 2026 18:42"));
-        QCOMPARE(Shown(*messages), QStringList());
-        QCOMPARE(DataFile, db->path());
-        QCOMPARE(ReportPath, DefaultReportPath());
-
-        c.Get<QComboBox>("SelYear")->setCurrentIndex(1);
-        QCOMPARE(Listed("SelSeries"), QStringList({"Autumn Series", "Winter Series"}));
-        QCOMPARE(main->CurrentSeriesId(), winter);
-        QCOMPARE(Remembered("LastSeriesYr"), std::string("2025"));
-    }
-
-    void whatWasRememberedButIsGoneGivesWayToTheFirst_data() {
-        QTest::addColumn<Recalled>("remembered");
-        const QStringList every = {"Autumn Series", "Summer Series", "Winter Series"};
-        Row("nothing remembered", Recalled{"", "", "", every});
-        Row("a year without races any more", Recalled{"2019", "", "", every});
-        Row("a series that is gone",
-            Recalled{"2025", "999", "2025", {"Autumn Series", "Winter Series"}});
-    }
-    void whatWasRememberedButIsGoneGivesWayToTheFirst() {
-        QFETCH(Recalled, remembered);
-        AddRace(AddSeries("Winter Series"), "Race 1", "2025-12-07");
-        const int autumn = AddSeries("Autumn Series");
-        AddRace(autumn, "Race 1", "2025-10-05");
-        AddSeries("Summer Series");
-        if (!remembered.year.empty())
-            Remember("LastSeriesYr", remembered.year);
-        if (!remembered.series.empty())
-            Remember("LastSeries", remembered.series);
-
-        OpenMain();
-        QCOMPARE(c.Current("SelYear"), remembered.yearShown);
-        QCOMPARE(Listed("SelSeries"), remembered.listed);
-        QCOMPARE(main->CurrentSeriesId(), autumn);
-        QCOMPARE(c.Current("SelRace"), QStringLiteral("Race 1 - 05/10/2025"));
-        QCOMPARE(Remembered("LastSeriesYr"),
-                 remembered.year.empty() ? "<no row>" : remembered.year);
-        if (!remembered.series.empty())
-            QCOMPARE(Remembered("LastSeries"), std::to_string(autumn));
-    }
-
-    void choosingASeriesAndARaceRemembersThem() {
-        AddRace(AddSeries("Autumn Series"), "Race 1", "2026-10-04");
-        const int summer = AddSeries("Summer Series");
-        AddRace(summer, "Race 1", "2026-06-07");
-        const int summerSecond = AddRace(summer, "Race 2", "2026-06-14");
-
-        OpenMain();
-        c.Get<QComboBox>("SelSeries")->setCurrentIndex(1);
-        QCOMPARE(Remembered("LastSeries"), std::to_string(summer));
-        c.Get<QComboBox>("SelRace")->setCurrentIndex(1);
-        QCOMPARE(Remembered("LastSchedule"), std::to_string(summerSecond));
-
-        db->Exec("DELETE FROM Settings WHERE Parameter='LastSchedule'");
-        main->close();
-        QCOMPARE(Remembered("LastSchedule"), std::to_string(summerSecond));
-    }
-
     void buttonsRefuseUntilTheContextIsComplete_data() {
         QTest::addColumn<Refusal>("refusal");
         const QString noSeries = "E-Please first select or create a series";
@@ -219,12 +140,15 @@ private slots:
         SelectedId = 7;
 
         OpenMain();
-        const NextModal opened([this](QDialog&) {
+        QString shared = SharedAccelerators(*main);
+        const NextModal opened([&](QDialog& window) {
+            shared += SharedAccelerators(window);
             AddRace(AddSeries("Autumn Series"), "Race 1", "2026-10-04");
             Remember("LastModified", "02 Jun 2026 10:15");
         });
         c.Press(opening.button.toLatin1().constData());
         QCOMPARE(opened.name, opening.window);
+        QCOMPARE(shared, QString());
         QCOMPARE(SelectedId, opening.selectedId);
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
         QCOMPARE(Listed("SelSeries"), QStringList({"Autumn Series", "Summer Series"}));

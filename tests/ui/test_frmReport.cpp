@@ -34,11 +34,6 @@ constexpr const char* kMenu =
     "[]\n"
     "[Combined results]\n";
 
-struct KindChosen {
-    int kind, chosen;
-    QStringList actions;
-};
-
 struct Written {
     int action;
     QString viewedWith;
@@ -62,20 +57,11 @@ private:
     void Open(int seriesId = RaceDay::kSeries) {
         window = std::make_unique<frmReport>(*results, seriesId, RaceDay::kRace, viewer);
         c.window = window.get();
+        ShowActive(*window);
     }
     QRadioButton* Kind(int kind) {
         return c.Get<QRadioButton>(QStringLiteral("rReport_%1").arg(kind).toLatin1());
     }
-    QStringList Actions() {
-        QStringList actions;
-        const auto* list = c.Get<QListWidget>("SelAction");
-        for (int row = 0; row < list->count(); ++row) {
-            actions << list->item(row)->text() + " / " +
-                           list->item(row)->data(Qt::UserRole).toString();
-        }
-        return actions;
-    }
-
 private slots:
     void init() {
         programFolder = std::make_unique<TempFolder>();
@@ -96,41 +82,6 @@ private slots:
         programFolder.reset();
     }
 
-    void offersTheKindsOfTheMenuForTheRace() {
-        Open();
-        const QStringList titles = {"Entry list by handicap", "", "Class sheet",
-                                    "Race results",           "", "Combined results"};
-        for (int kind = 0; kind < 6; ++kind) {
-            QCOMPARE(Kind(kind)->text(), titles[kind]);
-            QCOMPARE(Kind(kind)->isEnabled(), !titles[kind].isEmpty());
-        }
-        QCOMPARE(c.Label("lSeries"), QStringLiteral("Summer Series"));
-        QCOMPARE(c.Label("lRace"), QStringLiteral("Race 1 - 12/06/2005"));
-        QVERIFY(messages->shown.empty());
-    }
-
-    void choosingAKindListsItsActions_data() {
-        QTest::addColumn<KindChosen>("choice");
-        const QStringList raceResults = {"Series entrants / 0", "Sub-series entrants / 1"};
-        Row("none yet: race results", KindChosen{-1, 3, raceResults});
-        Row("entry list", KindChosen{0,
-                                     0,
-                                     {"Everyone / 2", "In a spreadsheet / 2", "As a web page / 2",
-                                      "Filed only / 2"}});
-        Row("class sheet", KindChosen{2, 2, {"Sheet / 0"}});
-        Row("a kind without actions", KindChosen{5, 5, {}});
-        Row("a free slot", KindChosen{1, 3, raceResults});
-    }
-    void choosingAKindListsItsActions() {
-        QFETCH(KindChosen, choice);
-        Open();
-        if (choice.kind >= 0)
-            QTest::mouseClick(Kind(choice.kind), Qt::LeftButton);
-        QVERIFY(Kind(choice.chosen)->isChecked());
-        QCOMPARE(Actions(), choice.actions);
-        QCOMPARE(c.Get<QListWidget>("SelAction")->currentRow(), choice.actions.isEmpty() ? -1 : 0);
-    }
-
     void okWritesTheReportAndOpensItWithTheActionsViewer_data() {
         QTest::addColumn<Written>("written");
         Row("browser", Written{0, "browser", true});
@@ -144,9 +95,11 @@ private slots:
         day->AddBoat("Blue Heron", "GBR 4012", 4012, RaceDay::kClass1);
         ReportPath = (written.folderWritable ? day->db.folder() : day->db.path()) + "/";
         Open();
-        window->show();
-        QTest::mouseClick(Kind(0), Qt::LeftButton);
-        c.Get<QListWidget>("SelAction")->setCurrentRow(written.action);
+        Press(Kind(0));
+        FocusOn(c.Get<QListWidget>("SelAction"));
+        Key(Qt::Key_Home);
+        for (int step = 0; step < written.action; ++step)
+            Key(Qt::Key_Down);
         c.Press("cmdOK");
 
         QVERIFY(window->isVisible());
@@ -156,14 +109,6 @@ private slots:
         QCOMPARE(viewer.opened, written.viewedWith.isEmpty()
                                     ? QStringList()
                                     : QStringList({written.viewedWith + ": " + file}));
-    }
-
-    void aSeriesThatIsGoneIsReportedAndLeavesTheLabelsEmpty() {
-        Open(RaceDay::kSeries + 100);
-        QCOMPARE(messages->shown.size(), std::size_t{1});
-        QVERIFY(messages->Texts().front().rfind("C-Error ", 0) == 0);
-        QVERIFY(c.Label("lSeries").isEmpty());
-        QVERIFY(c.Label("lRace").isEmpty());
     }
 };
 

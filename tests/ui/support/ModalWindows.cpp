@@ -1,6 +1,7 @@
 #include "support/ModalWindows.h"
 
 #include <QApplication>
+#include <QTest>
 #include <QTimer>
 
 namespace tb::test {
@@ -12,6 +13,10 @@ NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique
             return;
         poll_->stop();
         name = window->objectName();
+        // The keyboard goes to the new window, as a window manager gives it.
+        window->activateWindow();
+        if (!QTest::qWaitForWindowActive(window))
+            qFatal("%s did not become active", qPrintable(name));
         if (act)
             act(*window);
         if (window->isVisible())

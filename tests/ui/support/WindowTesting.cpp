@@ -1,34 +1,94 @@
 #include "support/WindowTesting.h"
 
+#include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
+#include <QMap>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
 
 namespace tb::test {
 
-int Club::Add(const std::string& insert) {
-    db.Exec(insert);
-    return static_cast<int>(db.raw().getLastInsertRowid());
-}
-
-std::string Club::Setting(const std::string& parameter) {
-    return db.Text("SELECT Value FROM Settings WHERE Parameter='" + parameter + "'");
-}
-
 CaseTrace::~CaseTrace() {
     if (QTest::currentTestFailed())
         qWarning("in case: %s", qPrintable(name_));
 }
 
-void Type(QLineEdit* field, const QString& text) {
-    field->selectAll();
-    QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
+QWidget* Focused() {
+    return QApplication::focusWidget();
+}
+
+void Keys(const QString& text) {
+    QTest::keyClicks(Focused(), text);
+}
+
+void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(Focused(), key, modifiers);
+}
+
+void Enter() {
+    Key(Qt::Key_Return);
+}
+
+void FocusOn(QWidget* control) {
+    const auto* list = qobject_cast<QComboBox*>(control);
+    if (qobject_cast<QLineEdit*>(control) != nullptr || (list != nullptr && list->isEditable()))
+        QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
+    for (int tabs = 0; Focused() != control && tabs < 80; ++tabs)
+        Key(Qt::Key_Tab);
+    if (Focused() != control)
+        qFatal("the keyboard does not reach %s", qPrintable(control->objectName()));
+}
+
+void Type(QWidget* field, const QString& text) {
+    FocusOn(field);
+    Key(Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty())
+        Key(Qt::Key_Delete);
+    Keys(text);
 }
 
 void Choose(QComboBox* list, const QString& text) {
-    list->setCurrentIndex(list->findText(text));
+    FocusOn(list);
+    // A blank would open the list: the search goes as far as the first word. An editable list
+    // takes typed text as a name, so its items are stepped through.
+    if (!list->isEditable())
+        Keys(text.section(' ', 0, 0));
+    for (const Qt::Key step : {Qt::Key_Down, Qt::Key_Up}) {
+        for (int i = 0; list->currentText() != text && i < list->count(); ++i)
+            Key(step);
+    }
+    if (list->currentText() != text)
+        qFatal("%s offers no %s", qPrintable(list->objectName()), qPrintable(text));
+}
+
+void Press(QWidget* button) {
+    // A tick box or option answers a click on its mark, not anywhere in its stretched width.
+    const bool marked = qobject_cast<QPushButton*>(button) == nullptr;
+    QTest::mouseClick(button, Qt::LeftButton, {},
+                      marked ? QPoint(6, button->height() / 2) : button->rect().center());
+}
+
+QString SharedAccelerators(const QWidget& window) {
+    QMap<QChar, QStringList> users;
+    const auto note = [&users](QString caption) {
+        const int at = caption.replace("&&", "").indexOf('&');
+        if (at >= 0 && at + 1 < caption.size())
+            users[caption[at + 1].toLower()] << caption;
+    };
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+        note(button->text());
+    for (const auto* label : window.findChildren<QLabel*>())
+        note(label->text());
+    for (const auto* group : window.findChildren<QGroupBox*>())
+        note(group->title());
+    QString shared;
+    for (auto user = users.cbegin(); user != users.cend(); ++user) {
+        if (user->size() > 1)
+            shared += QString(user.key()) + ": " + user->join(", ") + "\n";
+    }
+    return shared;
 }
 
 QStringList Items(const QComboBox* list) {
@@ -57,11 +117,11 @@ QString LastShown(const RecordingMessages& messages) {
 }
 
 void Controls::Press(const char* button) const {
-    Get<QPushButton>(button)->click();
+    test::Press(Get<QWidget>(button));
 }
 
 void Controls::Type(const char* field, const QString& text) const {
-    test::Type(Get<QLineEdit>(field), text);
+    test::Type(Get<QWidget>(field), text);
 }
 
 void Controls::Choose(const char* list, const QString& text) const {
@@ -78,10 +138,6 @@ QString Controls::Current(const char* list) const {
 
 QString Controls::Label(const char* label) const {
     return Get<QLabel>(label)->text();
-}
-
-bool Controls::Enabled(const char* control) const {
-    return Get<QWidget>(control)->isEnabled();
 }
 
 void ShowActive(QWidget& window) {
@@ -103,12 +159,6 @@ TemporarySettingsStore::~TemporarySettingsStore() {
 
 void SettleEvents() {
     QTest::qWait(10);
-}
-
-void Screenshot(QWidget& window, const QString& name) {
-    const QString folder = qEnvironmentVariable("TALLYBOARD_SCREENSHOTS");
-    if (!folder.isEmpty())
-        window.grab().save(folder + "/" + name + ".png");
 }
 
 }  // namespace tb::test

@@ -27,10 +27,6 @@ T* Find(const QObject* window, const QString& name) {
 
 // A fresh database with the program's operations over it and its messages recorded.
 struct Club {
-    // Runs the insert and returns the new row's Id.
-    int Add(const std::string& insert);
-    std::string Setting(const std::string& parameter);
-
     TestDatabase db;
     clResults results;
     RecordingMessages messages;
@@ -58,15 +54,31 @@ private:
     QString name_;
 };
 
-// Replaces a field's text by typing, so the window sees a user's edit.
-void Type(QLineEdit* field, const QString& text);
+// A person's input, through the real path only: keys go to whatever has the keyboard
+// (QApplication::focusWidget()), the keyboard moves by a click into a text field or by Tab, and
+// buttons are pressed with the mouse. Nothing here sets a control's value or emits its signal.
+QWidget* Focused();
+void Keys(const QString& text);
+void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void Enter();
+// Gives the control the keyboard: a click into a text field, Tab through the window otherwise
+// (a click would open a list or press a button).
+void FocusOn(QWidget* control);
+// Replaces the text of a field or an editable list by selecting all of it and typing.
+void Type(QWidget* field, const QString& text);
+// Chooses a list's item by the keyboard: its first word searched, then arrow keys.
 void Choose(QComboBox* list, const QString& text);
+void Press(QWidget* button);
 QStringList Items(const QComboBox* list);
 QStringList Lines(const QListWidget* list);
 // The messages shown, each as kind letter + "-" + text.
 QStringList Shown(const RecordingMessages& messages);
 // The text of the last message shown, without its kind; empty when none was shown.
 QString LastShown(const RecordingMessages& messages);
+
+// The accelerator letters (the "&" of captions) that more than one control of the window uses,
+// each as "letter: captions"; empty when every letter is unique.
+QString SharedAccelerators(const QWidget& window);
 
 // Acts on the controls of one window by name.
 struct Controls {
@@ -81,7 +93,6 @@ struct Controls {
     QString Text(const char* field) const;
     QString Current(const char* list) const;
     QString Label(const char* label) const;
-    bool Enabled(const char* control) const;
 };
 
 // Shows the window and waits until it has the keyboard, as a user's window would.
@@ -109,8 +120,5 @@ public:
 
 // Lets queued work (the first activation of a window) run.
 void SettleEvents();
-
-// Saves a picture of the window into $TALLYBOARD_SCREENSHOTS/<name>.png when that is set.
-void Screenshot(QWidget& window, const QString& name);
 
 }  // namespace tb::test
