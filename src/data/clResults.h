@@ -416,11 +416,14 @@ public:
     // ---- Reports
     // Writes the report of the kind (0 to 5: E, A, C, R, S, B) with the report menu's action for
     // the race into the year folder of ReportPath; OutputPath is the file to show (the problem
-    // report when the race's handicaps are not settled).
+    // report when the race's handicaps are not settled), or where an output object published
+    // the page when it says. Unsettled handicaps stop a publishing action with a message.
     std::string CreateReport(int KindIndex, int ActionIndex, int Viewer, int RaceId,
                              std::string& OutputPath);
+    // Notice, when not empty, is said at the top of the page (a publishing action it stopped).
     std::string ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
-                                   const RowSet& Problems, std::string& Html);
+                                   const RowSet& Problems, std::string& Html,
+                                   const std::string& Notice = {});
     // Reads the report menu from the given initialisation file instead of the program's own.
     std::string ReadReportMenu(const std::string& IniFile);
 
