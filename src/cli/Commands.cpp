@@ -15,7 +15,8 @@ namespace {
 
 const std::vector<Registration>& Registrations() {
     static const std::vector<Registration> registrations = {
-        AddCreateDbCommand, AddDemoCommand, AddImportCommand, AddRacesCommand, AddReportCommand,
+        AddCreateDbCommand, AddDemoCommand,   AddRacesCommand,
+        AddReportCommand,   AddImportCommand, AddExportCommand,
     };
     return registrations;
 }

@@ -26,9 +26,10 @@ using Registration = void (*)(CLI::App& app, int& status);
 
 void AddCreateDbCommand(CLI::App& app, int& status);
 void AddDemoCommand(CLI::App& app, int& status);
-void AddImportCommand(CLI::App& app, int& status);
 void AddRacesCommand(CLI::App& app, int& status);
 void AddReportCommand(CLI::App& app, int& status);
+void AddImportCommand(CLI::App& app, int& status);
+void AddExportCommand(CLI::App& app, int& status);
 
 // Brings a series across from another scoring program's .blw series file and prints what was
 // added, reused and scored differently.

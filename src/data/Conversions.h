@@ -41,6 +41,9 @@ bool LooseDateHasYear(std::string_view text, bool Leading = false);
 // A time of day (or a duration under a day) written HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or
 // HHMMSS: seconds.
 std::optional<long long> ParseClockTime(std::string_view text);
+// A time of day as a timing app or a spreadsheet writes it: "hhmmss", "h:mm:ss" or "h.mm.ss"
+// (a fraction of a second after "h:mm:ss" is dropped). Gives the seconds since midnight.
+std::optional<long long> ParseTimeOfDay(std::string_view text);
 
 // The database's storage form "YYYY-MM-DD HH:MM:SS" (a date alone is accepted too).
 std::optional<DateTime> ParseStoredDateTime(std::string_view text);
