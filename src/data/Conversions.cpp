@@ -357,348 +357,348 @@ std::optional<long long> ParseClockTime(std::string_view text) {
     if (fields[0] > 23 || fields[1] > 59 || fields[2] > 59)
         return std::nullopt;
     return fields[0] * 3600LL + fields[1] * 60LL + fields[2];
+}
 
-    std::optional<long long> ParseTimeOfDay(std::string_view text) {
-        const std::string_view s = Trim(text);
-        int hh = 0, mi = 0, ss = 0;
-        if (s.size() == 6 && std::all_of(s.begin(), s.end(), IsDigit)) {
-            hh = (s[0] - '0') * 10 + (s[1] - '0');
-            mi = (s[2] - '0') * 10 + (s[3] - '0');
-            ss = (s[4] - '0') * 10 + (s[5] - '0');
-        } else {
-            std::size_t pos = 0;
-            const auto h = ReadNumber(s, pos, 2);
-            const char separator = pos < s.size() ? s[pos] : '\0';
-            if (!h || (separator != ':' && separator != '.'))
-                return std::nullopt;
-            ++pos;
-            const std::size_t minuteStart = pos;
-            const auto m = ReadNumber(s, pos, 2);
-            if (!m || pos - minuteStart != 2 || pos >= s.size() || s[pos] != separator)
-                return std::nullopt;
-            ++pos;
-            const std::size_t secondStart = pos;
-            const auto sec = ReadNumber(s, pos, 2);
-            if (!sec || pos - secondStart != 2)
-                return std::nullopt;
-            if (separator == ':' && pos + 1 < s.size() && s[pos] == '.' &&
-                std::all_of(s.begin() + static_cast<std::ptrdiff_t>(pos) + 1, s.end(), IsDigit))
-                pos = s.size();
-            if (pos != s.size())
-                return std::nullopt;
-            hh = *h, mi = *m, ss = *sec;
-        }
-        if (hh > 23 || mi > 59 || ss > 59)
-            return std::nullopt;
-        return hh * 3600LL + mi * 60LL + ss;
-    }
-
-    bool IsValidDate(std::string_view text) {
-        return ParseTypedDate(text).has_value();
-    }
-
-    std::optional<DateTime> ParseStoredDateTime(std::string_view s) {
-        if (s.size() != 10 && s.size() != 19)
-            return std::nullopt;
-        auto digits = [&](std::size_t from, std::size_t count) -> std::optional<int> {
-            int n = 0;
-            for (std::size_t i = from; i < from + count; ++i) {
-                if (!IsDigit(s[i]))
-                    return std::nullopt;
-                n = n * 10 + (s[i] - '0');
-            }
-            return n;
-        };
-        if (s[4] != '-' || s[7] != '-')
-            return std::nullopt;
-        auto y = digits(0, 4), m = digits(5, 2), d = digits(8, 2);
-        if (!y || !m || !d)
-            return std::nullopt;
-        if (s.size() == 10)
-            return Checked(*y < 100 ? *y + 10000 : *y, *m, *d);
-        if (s[10] != ' ' || s[13] != ':' || s[16] != ':')
-            return std::nullopt;
-        auto hh = digits(11, 2), mi = digits(14, 2), ss = digits(17, 2);
-        if (!hh || !mi || !ss)
-            return std::nullopt;
-        return Checked(*y < 100 ? *y + 10000 : *y, *m, *d, *hh, *mi, *ss);
-    }
-
-    std::string ToStoredDateTime(DateTime t) {
-        const auto ymd = Ymd(t);
-        const long long secs = SecondsOfDay(t);
-        char buf[96];
-        std::snprintf(buf, sizeof buf, "%04d-%02u-%02u %02lld:%02lld:%02lld",
-                      static_cast<int>(ymd.year()), static_cast<unsigned>(ymd.month()),
-                      static_cast<unsigned>(ymd.day()), secs / 3600, secs / 60 % 60, secs % 60);
-        return buf;
-    }
-
-    std::optional<double> ParseNumber(std::string_view text) {
-        const std::string_view s = Trim(text);
-        if (s.empty())
-            return std::nullopt;
+std::optional<long long> ParseTimeOfDay(std::string_view text) {
+    const std::string_view s = Trim(text);
+    int hh = 0, mi = 0, ss = 0;
+    if (s.size() == 6 && std::all_of(s.begin(), s.end(), IsDigit)) {
+        hh = (s[0] - '0') * 10 + (s[1] - '0');
+        mi = (s[2] - '0') * 10 + (s[3] - '0');
+        ss = (s[4] - '0') * 10 + (s[5] - '0');
+    } else {
         std::size_t pos = 0;
-        if (s[pos] == '+' || s[pos] == '-')
-            ++pos;
-        std::size_t mantissaDigits = 0;
-        while (pos < s.size() && IsDigit(s[pos]))
-            ++pos, ++mantissaDigits;
-        if (pos < s.size() && s[pos] == '.') {
-            ++pos;
-            while (pos < s.size() && IsDigit(s[pos]))
-                ++pos, ++mantissaDigits;
-        }
-        if (mantissaDigits == 0)
+        const auto h = ReadNumber(s, pos, 2);
+        const char separator = pos < s.size() ? s[pos] : '\0';
+        if (!h || (separator != ':' && separator != '.'))
             return std::nullopt;
-        if (pos < s.size() && (s[pos] == 'e' || s[pos] == 'E')) {
-            ++pos;
-            if (pos < s.size() && (s[pos] == '+' || s[pos] == '-'))
-                ++pos;
-            std::size_t expDigits = 0;
-            while (pos < s.size() && IsDigit(s[pos]))
-                ++pos, ++expDigits;
-            if (expDigits == 0)
-                return std::nullopt;
-        }
+        ++pos;
+        const std::size_t minuteStart = pos;
+        const auto m = ReadNumber(s, pos, 2);
+        if (!m || pos - minuteStart != 2 || pos >= s.size() || s[pos] != separator)
+            return std::nullopt;
+        ++pos;
+        const std::size_t secondStart = pos;
+        const auto sec = ReadNumber(s, pos, 2);
+        if (!sec || pos - secondStart != 2)
+            return std::nullopt;
+        if (separator == ':' && pos + 1 < s.size() && s[pos] == '.' &&
+            std::all_of(s.begin() + static_cast<std::ptrdiff_t>(pos) + 1, s.end(), IsDigit))
+            pos = s.size();
         if (pos != s.size())
             return std::nullopt;
-        const std::string_view number = s[0] == '+' ? s.substr(1) : s;
-        double value = 0;
-        const auto [end, ec] = std::from_chars(number.data(), number.data() + number.size(), value);
-        if (ec != std::errc() || end != number.data() + number.size() || !std::isfinite(value)) {
+        hh = *h, mi = *m, ss = *sec;
+    }
+    if (hh > 23 || mi > 59 || ss > 59)
+        return std::nullopt;
+    return hh * 3600LL + mi * 60LL + ss;
+}
+
+bool IsValidDate(std::string_view text) {
+    return ParseTypedDate(text).has_value();
+}
+
+std::optional<DateTime> ParseStoredDateTime(std::string_view s) {
+    if (s.size() != 10 && s.size() != 19)
+        return std::nullopt;
+    auto digits = [&](std::size_t from, std::size_t count) -> std::optional<int> {
+        int n = 0;
+        for (std::size_t i = from; i < from + count; ++i) {
+            if (!IsDigit(s[i]))
+                return std::nullopt;
+            n = n * 10 + (s[i] - '0');
+        }
+        return n;
+    };
+    if (s[4] != '-' || s[7] != '-')
+        return std::nullopt;
+    auto y = digits(0, 4), m = digits(5, 2), d = digits(8, 2);
+    if (!y || !m || !d)
+        return std::nullopt;
+    if (s.size() == 10)
+        return Checked(*y < 100 ? *y + 10000 : *y, *m, *d);
+    if (s[10] != ' ' || s[13] != ':' || s[16] != ':')
+        return std::nullopt;
+    auto hh = digits(11, 2), mi = digits(14, 2), ss = digits(17, 2);
+    if (!hh || !mi || !ss)
+        return std::nullopt;
+    return Checked(*y < 100 ? *y + 10000 : *y, *m, *d, *hh, *mi, *ss);
+}
+
+std::string ToStoredDateTime(DateTime t) {
+    const auto ymd = Ymd(t);
+    const long long secs = SecondsOfDay(t);
+    char buf[96];
+    std::snprintf(buf, sizeof buf, "%04d-%02u-%02u %02lld:%02lld:%02lld",
+                  static_cast<int>(ymd.year()), static_cast<unsigned>(ymd.month()),
+                  static_cast<unsigned>(ymd.day()), secs / 3600, secs / 60 % 60, secs % 60);
+    return buf;
+}
+
+std::optional<double> ParseNumber(std::string_view text) {
+    const std::string_view s = Trim(text);
+    if (s.empty())
+        return std::nullopt;
+    std::size_t pos = 0;
+    if (s[pos] == '+' || s[pos] == '-')
+        ++pos;
+    std::size_t mantissaDigits = 0;
+    while (pos < s.size() && IsDigit(s[pos]))
+        ++pos, ++mantissaDigits;
+    if (pos < s.size() && s[pos] == '.') {
+        ++pos;
+        while (pos < s.size() && IsDigit(s[pos]))
+            ++pos, ++mantissaDigits;
+    }
+    if (mantissaDigits == 0)
+        return std::nullopt;
+    if (pos < s.size() && (s[pos] == 'e' || s[pos] == 'E')) {
+        ++pos;
+        if (pos < s.size() && (s[pos] == '+' || s[pos] == '-'))
+            ++pos;
+        std::size_t expDigits = 0;
+        while (pos < s.size() && IsDigit(s[pos]))
+            ++pos, ++expDigits;
+        if (expDigits == 0)
             return std::nullopt;
+    }
+    if (pos != s.size())
+        return std::nullopt;
+    const std::string_view number = s[0] == '+' ? s.substr(1) : s;
+    double value = 0;
+    const auto [end, ec] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (ec != std::errc() || end != number.data() + number.size() || !std::isfinite(value)) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+bool IsNumeric(std::string_view text) {
+    return ParseNumber(text).has_value();
+}
+
+double RoundHalfEven(double x) {
+    return std::nearbyint(x);
+}
+
+double RoundHalfAwayFromZero(double x, int decimals) {
+    // Round the decimal text that x stands for, not its binary neighbour: 2.675 is "2.675".
+    const std::string text = ShortestDecimal(std::fabs(x));
+    const double scale = std::pow(10.0, decimals);
+    double decimal = std::fabs(x);
+    std::from_chars(text.data(), text.data() + text.size(), decimal);
+    const double exact = decimal * scale;
+    const double eps = std::fabs(exact) * 1e-13;
+    double r = std::floor(exact + 0.5 + eps);
+    r /= scale;
+    return std::signbit(x) && r != 0.0 ? -r : r;
+}
+
+std::string FormatDate(DateTime t, std::string_view format) {
+    const auto ymd = Ymd(t);
+    const long long secs = SecondsOfDay(t);
+    const long long hh = secs / 3600, mi = secs / 60 % 60, ss = secs % 60;
+    std::string out;
+    bool afterHour = false;
+    std::size_t i = 0;
+    auto starts = [&](const char* token) { return format.substr(i).rfind(token, 0) == 0; };
+    while (i < format.size()) {
+        if (starts("yyyy")) {
+            char buf[8];
+            std::snprintf(buf, sizeof buf, "%04d", static_cast<int>(ymd.year()));
+            out += buf;
+            i += 4;
+            afterHour = false;
+        } else if (starts("yy")) {
+            out += Pad2(static_cast<int>(ymd.year()) % 100);
+            i += 2;
+            afterHour = false;
+        } else if (starts("mmm")) {
+            out += kMonths[static_cast<unsigned>(ymd.month()) - 1];
+            i += 3;
+            afterHour = false;
+        } else if (starts("mm")) {
+            out += afterHour ? Pad2(mi) : Pad2(static_cast<unsigned>(ymd.month()));
+            i += 2;
+            afterHour = false;
+        } else if (starts("dd")) {
+            out += Pad2(static_cast<unsigned>(ymd.day()));
+            i += 2;
+            afterHour = false;
+        } else if (starts("d")) {
+            out += std::to_string(static_cast<unsigned>(ymd.day()));
+            i += 1;
+            afterHour = false;
+        } else if (starts("hh")) {
+            out += Pad2(hh);
+            i += 2;
+            afterHour = true;
+        } else if (starts("h")) {
+            out += std::to_string(hh);
+            i += 1;
+            afterHour = true;
+        } else if (starts("nn")) {
+            out += Pad2(mi);
+            i += 2;
+            afterHour = false;
+        } else if (starts("ss")) {
+            out += Pad2(ss);
+            i += 2;
+            afterHour = false;
+        } else {
+            out += format[i];
+            ++i;
         }
-        return value;
     }
+    return out;
+}
 
-    bool IsNumeric(std::string_view text) {
-        return ParseNumber(text).has_value();
-    }
-
-    double RoundHalfEven(double x) {
-        return std::nearbyint(x);
-    }
-
-    double RoundHalfAwayFromZero(double x, int decimals) {
-        // Round the decimal text that x stands for, not its binary neighbour: 2.675 is "2.675".
-        const std::string text = ShortestDecimal(std::fabs(x));
-        const double scale = std::pow(10.0, decimals);
-        double decimal = std::fabs(x);
-        std::from_chars(text.data(), text.data() + text.size(), decimal);
-        const double exact = decimal * scale;
-        const double eps = std::fabs(exact) * 1e-13;
-        double r = std::floor(exact + 0.5 + eps);
-        r /= scale;
-        return std::signbit(x) && r != 0.0 ? -r : r;
-    }
-
-    std::string FormatDate(DateTime t, std::string_view format) {
-        const auto ymd = Ymd(t);
-        const long long secs = SecondsOfDay(t);
-        const long long hh = secs / 3600, mi = secs / 60 % 60, ss = secs % 60;
-        std::string out;
-        bool afterHour = false;
-        std::size_t i = 0;
-        auto starts = [&](const char* token) { return format.substr(i).rfind(token, 0) == 0; };
-        while (i < format.size()) {
-            if (starts("yyyy")) {
-                char buf[8];
-                std::snprintf(buf, sizeof buf, "%04d", static_cast<int>(ymd.year()));
-                out += buf;
-                i += 4;
-                afterHour = false;
-            } else if (starts("yy")) {
-                out += Pad2(static_cast<int>(ymd.year()) % 100);
-                i += 2;
-                afterHour = false;
-            } else if (starts("mmm")) {
-                out += kMonths[static_cast<unsigned>(ymd.month()) - 1];
-                i += 3;
-                afterHour = false;
-            } else if (starts("mm")) {
-                out += afterHour ? Pad2(mi) : Pad2(static_cast<unsigned>(ymd.month()));
-                i += 2;
-                afterHour = false;
-            } else if (starts("dd")) {
-                out += Pad2(static_cast<unsigned>(ymd.day()));
-                i += 2;
-                afterHour = false;
-            } else if (starts("d")) {
-                out += std::to_string(static_cast<unsigned>(ymd.day()));
-                i += 1;
-                afterHour = false;
-            } else if (starts("hh")) {
-                out += Pad2(hh);
-                i += 2;
-                afterHour = true;
-            } else if (starts("h")) {
-                out += std::to_string(hh);
-                i += 1;
-                afterHour = true;
-            } else if (starts("nn")) {
-                out += Pad2(mi);
-                i += 2;
-                afterHour = false;
-            } else if (starts("ss")) {
-                out += Pad2(ss);
-                i += 2;
-                afterHour = false;
-            } else {
-                out += format[i];
-                ++i;
-            }
+std::string FormatNumber(double x, std::string_view format) {
+    const auto semicolon = format.find(';');
+    std::string_view section = format;
+    bool negativeSection = false;
+    if (semicolon != std::string_view::npos) {
+        const double rounded = RoundHalfAwayFromZero(x, 2);
+        if (rounded < 0) {
+            section = format.substr(semicolon + 1);
+            negativeSection = true;
+        } else {
+            section = format.substr(0, semicolon);
         }
+    }
+    const auto first = section.find_first_of("0#");
+    const auto last = section.find_last_of("0#");
+    if (first == std::string_view::npos)
+        return std::string(section);
+    const std::string_view pattern = section.substr(first, last - first + 1);
+    const auto dot = pattern.find('.');
+    const int decimals =
+        dot == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - dot - 1);
+    const std::size_t intDigits = dot == std::string_view::npos ? pattern.size() : dot;
+    const double value = negativeSection ? std::fabs(x) : x;
+    const double rounded = RoundHalfAwayFromZero(value, decimals);
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "%.*f", decimals, std::fabs(rounded));
+    std::string digits = buf;
+    const std::size_t have =
+        digits.find('.') == std::string::npos ? digits.size() : digits.find('.');
+    if (have < intDigits)
+        digits.insert(0, intDigits - have, '0');
+    if (!negativeSection && rounded < 0)
+        digits.insert(0, "-");
+    return std::string(section.substr(0, first)) + digits + std::string(section.substr(last + 1));
+}
+
+namespace {
+
+bool IsContinuationByte(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+}  // namespace
+
+std::size_t CharacterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (char c : text)
+        count += IsContinuationByte(c) ? 0 : 1;
+    return count;
+}
+
+std::string_view CharacterAt(std::string_view text, std::size_t index) {
+    std::size_t start = 0;
+    for (std::size_t seen = 0; start < text.size(); ++start) {
+        if (!IsContinuationByte(text[start]) && seen++ == index)
+            break;
+    }
+    std::size_t end = start + 1;
+    while (end < text.size() && IsContinuationByte(text[end]))
+        ++end;
+    return start < text.size() ? text.substr(start, end - start) : std::string_view();
+}
+
+std::string FormatText(std::string_view text, std::string_view format) {
+    std::size_t placeholders = 0;
+    bool fromLeft = false;
+    for (char c : format) {
+        if (c == '@')
+            ++placeholders;
+        if (c == '!')
+            fromLeft = true;
+    }
+    std::string out(text);
+    const std::size_t characters = CharacterCount(out);
+    if (characters >= placeholders)
         return out;
+    const std::string padding(placeholders - characters, ' ');
+    return fromLeft ? out + padding : padding + out;
+}
+
+std::string Format(const Value& v, std::string_view format) {
+    if (v.IsNull())
+        return {};
+    if (v.IsDate())
+        return FormatDate(v.AsDate(), format);
+    if (v.IsNumber() || v.IsBool())
+        return FormatNumber(v.AsDouble(), format);
+    const std::string& text = std::get<std::string>(v.storage());
+    if (format.find_first_of("@!") != std::string_view::npos)
+        return FormatText(text, format);
+    if (format.find_first_of("0#") != std::string_view::npos) {
+        if (auto n = ParseNumber(text))
+            return FormatNumber(*n, format);
     }
+    if (auto t = ParseStoredDateTime(text))
+        return FormatDate(*t, format);
+    if (auto t = ParseTypedDateTime(text))
+        return FormatDate(*t, format);
+    return text;
+}
 
-    std::string FormatNumber(double x, std::string_view format) {
-        const auto semicolon = format.find(';');
-        std::string_view section = format;
-        bool negativeSection = false;
-        if (semicolon != std::string_view::npos) {
-            const double rounded = RoundHalfAwayFromZero(x, 2);
-            if (rounded < 0) {
-                section = format.substr(semicolon + 1);
-                negativeSection = true;
-            } else {
-                section = format.substr(0, semicolon);
-            }
-        }
-        const auto first = section.find_first_of("0#");
-        const auto last = section.find_last_of("0#");
-        if (first == std::string_view::npos)
-            return std::string(section);
-        const std::string_view pattern = section.substr(first, last - first + 1);
-        const auto dot = pattern.find('.');
-        const int decimals =
-            dot == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - dot - 1);
-        const std::size_t intDigits = dot == std::string_view::npos ? pattern.size() : dot;
-        const double value = negativeSection ? std::fabs(x) : x;
-        const double rounded = RoundHalfAwayFromZero(value, decimals);
-        char buf[64];
-        std::snprintf(buf, sizeof buf, "%.*f", decimals, std::fabs(rounded));
-        std::string digits = buf;
-        const std::size_t have =
-            digits.find('.') == std::string::npos ? digits.size() : digits.find('.');
-        if (have < intDigits)
-            digits.insert(0, intDigits - have, '0');
-        if (!negativeSection && rounded < 0)
-            digits.insert(0, "-");
-        return std::string(section.substr(0, first)) + digits +
-               std::string(section.substr(last + 1));
-    }
+std::string FormatDuration(long long seconds) {
+    const bool negative = seconds < 0;
+    const long long s = negative ? -seconds : seconds;
+    return (negative ? "-" : "") + std::to_string(s / 3600) + ":" + Pad2(s / 60 % 60) + ":" +
+           Pad2(s % 60);
+}
 
-    namespace {
-
-    bool IsContinuationByte(char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-    }
-
-    }  // namespace
-
-    std::size_t CharacterCount(std::string_view text) {
-        std::size_t count = 0;
-        for (char c : text)
-            count += IsContinuationByte(c) ? 0 : 1;
-        return count;
-    }
-
-    std::string_view CharacterAt(std::string_view text, std::size_t index) {
-        std::size_t start = 0;
-        for (std::size_t seen = 0; start < text.size(); ++start) {
-            if (!IsContinuationByte(text[start]) && seen++ == index)
-                break;
-        }
-        std::size_t end = start + 1;
-        while (end < text.size() && IsContinuationByte(text[end]))
-            ++end;
-        return start < text.size() ? text.substr(start, end - start) : std::string_view();
-    }
-
-    std::string FormatText(std::string_view text, std::string_view format) {
-        std::size_t placeholders = 0;
-        bool fromLeft = false;
-        for (char c : format) {
-            if (c == '@')
-                ++placeholders;
-            if (c == '!')
-                fromLeft = true;
-        }
-        std::string out(text);
-        const std::size_t characters = CharacterCount(out);
-        if (characters >= placeholders)
-            return out;
-        const std::string padding(placeholders - characters, ' ');
-        return fromLeft ? out + padding : padding + out;
-    }
-
-    std::string Format(const Value& v, std::string_view format) {
-        if (v.IsNull())
-            return {};
-        if (v.IsDate())
-            return FormatDate(v.AsDate(), format);
-        if (v.IsNumber() || v.IsBool())
-            return FormatNumber(v.AsDouble(), format);
-        const std::string& text = std::get<std::string>(v.storage());
-        if (format.find_first_of("@!") != std::string_view::npos)
-            return FormatText(text, format);
-        if (format.find_first_of("0#") != std::string_view::npos) {
-            if (auto n = ParseNumber(text))
-                return FormatNumber(*n, format);
-        }
-        if (auto t = ParseStoredDateTime(text))
-            return FormatDate(*t, format);
-        if (auto t = ParseTypedDateTime(text))
-            return FormatDate(*t, format);
+std::string NumberToText(double x) {
+    if (x == 0.0)
+        return "0";
+    std::string text = ShortestDecimal(x);
+    const auto e = text.find('e');
+    if (e == std::string::npos)
         return text;
-    }
+    // Basic writes exponents as E+20 / E-05.
+    std::string mantissa = text.substr(0, e);
+    int exponent = std::stoi(text.substr(e + 1));
+    char buf[16];
+    std::snprintf(buf, sizeof buf, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
+    return mantissa + buf;
+}
 
-    std::string FormatDuration(long long seconds) {
-        const bool negative = seconds < 0;
-        const long long s = negative ? -seconds : seconds;
-        return (negative ? "-" : "") + std::to_string(s / 3600) + ":" + Pad2(s / 60 % 60) + ":" +
-               Pad2(s % 60);
-    }
-
-    std::string NumberToText(double x) {
-        if (x == 0.0)
-            return "0";
-        std::string text = ShortestDecimal(x);
-        const auto e = text.find('e');
-        if (e == std::string::npos)
-            return text;
-        // Basic writes exponents as E+20 / E-05.
-        std::string mantissa = text.substr(0, e);
-        int exponent = std::stoi(text.substr(e + 1));
-        char buf[16];
-        std::snprintf(buf, sizeof buf, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
-        return mantissa + buf;
-    }
-
-    std::string ToText(const Value& v) {
-        return std::visit(
-            [](const auto& x) -> std::string {
-                using T = std::decay_t<decltype(x)>;
-                if constexpr (std::is_same_v<T, std::monostate>) {
-                    return {};
-                } else if constexpr (std::is_same_v<T, bool>) {
-                    return x ? "True" : "False";
-                } else if constexpr (std::is_same_v<T, std::int64_t>) {
-                    return std::to_string(x);
-                } else if constexpr (std::is_same_v<T, double>) {
-                    return NumberToText(x);
-                } else if constexpr (std::is_same_v<T, std::string>) {
-                    return x;
-                } else {
-                    const long long secs = SecondsOfDay(x);
-                    std::string text = FormatDate(x, "dd/mm/yyyy");
-                    if (secs != 0)
-                        text += " " + FormatDate(x, "hh:nn:ss");
-                    return text;
-                }
-            },
-            v.storage());
-    }
+std::string ToText(const Value& v) {
+    return std::visit(
+        [](const auto& x) -> std::string {
+            using T = std::decay_t<decltype(x)>;
+            if constexpr (std::is_same_v<T, std::monostate>) {
+                return {};
+            } else if constexpr (std::is_same_v<T, bool>) {
+                return x ? "True" : "False";
+            } else if constexpr (std::is_same_v<T, std::int64_t>) {
+                return std::to_string(x);
+            } else if constexpr (std::is_same_v<T, double>) {
+                return NumberToText(x);
+            } else if constexpr (std::is_same_v<T, std::string>) {
+                return x;
+            } else {
+                const long long secs = SecondsOfDay(x);
+                std::string text = FormatDate(x, "dd/mm/yyyy");
+                if (secs != 0)
+                    text += " " + FormatDate(x, "hh:nn:ss");
+                return text;
+            }
+        },
+        v.storage());
+}
 
 }  // namespace tb
