@@ -21,9 +21,9 @@ frmBoatModel::frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved mode
       modelSaved(std::move(modelSaved)) {
     ui->setupUi(this);
     connect(ui->cmdOK, &QPushButton::clicked, this,
-            [this] { ShowMessage(Trap("BoatModel.cmdOK", [this] { return SaveModel(); })); });
+            [this] { RunTrapped("BoatModel.cmdOK", [this] { return SaveModel(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    ShowMessage(Trap("BoatModel.Load", [this] { return Load(); }));
+    RunTrapped("BoatModel.Load", [this] { return Load(); });
 }
 
 frmBoatModel::~frmBoatModel() = default;

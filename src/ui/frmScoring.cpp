@@ -64,13 +64,10 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
         base->addItem("No of starters", 1);
     }
 
-    const auto act = [this](const char* location, std::function<std::string()> body) {
-        return [this, location, body] { ShowMessage(Trap(location, body)); };
-    };
     connect(ui->SelScoring, &QComboBox::activated, this,
-            act("Scoring.SelScoring", [this] { return ShowScoring(); }));
+            [this] { RunTrapped("Scoring.SelScoring", [this] { return ShowScoring(); }); });
     connect(ui->SelDiscards, &QComboBox::activated, this,
-            act("Scoring.SelDiscards", [this] { return ShowDiscards(); }));
+            [this] { RunTrapped("Scoring.SelDiscards", [this] { return ShowDiscards(); }); });
     connect(ui->cmdAddScoring, &QPushButton::clicked, this, [this] {
         ui->SelScoring->setCurrentIndex(-1);
         ui->SelScoring->setFocus();
@@ -82,18 +79,20 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
         DiscardId = 0;
     });
     connect(ui->cmdOK, &QPushButton::clicked, this,
-            act("Scoring.cmdOK", [this] { return Save(); }));
+            [this] { RunTrapped("Scoring.cmdOK", [this] { return Save(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->cmdRemove, &QPushButton::clicked, this,
-            act("Scoring.cmdRemove", [this] { return RemoveScoring(); }));
+            [this] { RunTrapped("Scoring.cmdRemove", [this] { return RemoveScoring(); }); });
     connect(ui->cmdRemoveDis, &QPushButton::clicked, this,
-            act("Scoring.cmdRemoveDis", [this] { return RemoveDiscardRule(); }));
-    connect(ui->ListSeries, &QLabel::linkActivated, this,
-            act("Scoring.ListSeries", [this] { return ListSeriesUsingScoring(); }));
-    connect(ui->Label11, &QLabel::linkActivated, this,
-            act("Scoring.Label11", [this] { return ListSeriesUsingDiscardRule(); }));
+            [this] { RunTrapped("Scoring.cmdRemoveDis", [this] { return RemoveDiscardRule(); }); });
+    connect(ui->ListSeries, &QLabel::linkActivated, this, [this] {
+        RunTrapped("Scoring.ListSeries", [this] { return ListSeriesUsingScoring(); });
+    });
+    connect(ui->Label11, &QLabel::linkActivated, this, [this] {
+        RunTrapped("Scoring.Label11", [this] { return ListSeriesUsingDiscardRule(); });
+    });
 
-    ShowMessage(Trap("Scoring.Load", [this] { return Load(); }));
+    RunTrapped("Scoring.Load", [this] { return Load(); });
 }
 
 frmScoring::~frmScoring() = default;
