@@ -39,6 +39,7 @@ frmBoatDetail::frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boa
       ResultsDb(ResultsDb),
       boatSaved(std::move(boatSaved)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Boats");
     for (QWidget* list :
          {static_cast<QWidget*>(ui->SelBoat), static_cast<QWidget*>(ui->SelModel),
           static_cast<QWidget*>(ui->listHandicaps), static_cast<QWidget*>(ui->lHandicapColumns)})
@@ -100,12 +101,6 @@ frmBoatDetail::frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boa
 }
 
 frmBoatDetail::~frmBoatDetail() = default;
-
-bool frmBoatDetail::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Boats");
-    return QDialog::event(e);
-}
 
 bool frmBoatDetail::eventFilter(QObject* watched, QEvent* e) {
     if (watched == ui->SelBoat && e->type() == QEvent::FocusOut)

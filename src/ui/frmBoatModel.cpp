@@ -20,6 +20,7 @@ frmBoatModel::frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved mode
       ModelId(SelectedId),
       modelSaved(std::move(modelSaved)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Boats");
     connect(ui->cmdOK, &QPushButton::clicked, this,
             [this] { RunTrapped("BoatModel.cmdOK", [this] { return SaveModel(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -27,12 +28,6 @@ frmBoatModel::frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved mode
 }
 
 frmBoatModel::~frmBoatModel() = default;
-
-bool frmBoatModel::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Boats");
-    return QDialog::event(e);
-}
 
 std::string frmBoatModel::Load() {
     if (ModelId == -1)

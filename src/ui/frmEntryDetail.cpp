@@ -44,6 +44,7 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
       ResultsDb(resultsDb),
       SeriesId(seriesId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Entries");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (QWidget* w : std::initializer_list<QWidget*>{ui->SelEntry, ui->SelEntrant, ui->SelClass,
                                                       ui->listSchedule, ui->lRaceColumns})
@@ -105,12 +106,6 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
 }
 
 frmEntryDetail::~frmEntryDetail() = default;
-
-void frmEntryDetail::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        SetHelpFile("Entries");
-    QDialog::changeEvent(event);
-}
 
 bool frmEntryDetail::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui->SelEntry && event->type() == QEvent::FocusOut)

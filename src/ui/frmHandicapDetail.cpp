@@ -30,6 +30,7 @@ frmHandicapDetail::frmHandicapDetail(clResults& ResultsDb, int BoatId, int Reque
       Request(Request),
       handicapSaved(std::move(handicapSaved)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Boats");
     connect(ui->cmdOK, &QPushButton::clicked, this,
             [this] { RunTrapped("HandicapDetail.cmdOK", [this] { return SaveHandicap(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -37,12 +38,6 @@ frmHandicapDetail::frmHandicapDetail(clResults& ResultsDb, int BoatId, int Reque
 }
 
 frmHandicapDetail::~frmHandicapDetail() = default;
-
-bool frmHandicapDetail::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Boats");
-    return QDialog::event(e);
-}
 
 std::string frmHandicapDetail::Load() {
     RowSet boat;

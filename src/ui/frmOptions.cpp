@@ -35,6 +35,7 @@ void StoreIfChanged(const char* key, const std::string& path) {
 frmOptions::frmOptions(clResults& results, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(results) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Options");
     KeepTypedName(ui->SelHCs);
     connect(ui->SelHCs, &QComboBox::currentIndexChanged, this,
             [this](int index) { RunTrapped("Options.SelHCs", [&] { SelHCs_Click(index); }); });
@@ -58,7 +59,6 @@ frmOptions::~frmOptions() {
 }
 
 void frmOptions::showEvent(QShowEvent* event) {
-    SetHelpFile(QStringLiteral("Options"));
     std::string Version;
     const std::string Msg = ResultsDb.GetSetting("Version", Version);
     ui->lInfo->setText(QStringLiteral("Build 27b (05-Nov-09) Schema ") +

@@ -23,6 +23,7 @@ frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdde
       ResultsDb(ResultsDb),
       ownerAdded(std::move(ownerAdded)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "People");
     // Enter in the list searches by the typed start of the family name; the list offers no
     // completion of its own, so the typed text is what the search sees.
     ui->SelPerson->setCompleter(nullptr);
@@ -53,12 +54,6 @@ frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdde
 }
 
 frmPeopleDetail::~frmPeopleDetail() = default;
-
-bool frmPeopleDetail::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("People");
-    return QDialog::event(e);
-}
 
 bool frmPeopleDetail::eventFilter(QObject* watched, QEvent* e) {
     const bool inList = watched == ui->SelPerson || watched == ui->SelPerson->lineEdit();

@@ -37,6 +37,7 @@ frmReport::frmReport(clResults& results, int seriesId, int raceId, ReportViewer&
       raceId(raceId),
       seriesId(seriesId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Reports");
     for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
         rReport[kind] = findChild<QRadioButton*>(QStringLiteral("rReport_%1").arg(kind));
         connect(rReport[kind], &QRadioButton::clicked, this, [this, kind] { rReport_Click(kind); });
@@ -50,11 +51,6 @@ frmReport::frmReport(clResults& results, int seriesId, int raceId, ReportViewer&
 }
 
 frmReport::~frmReport() = default;
-
-void frmReport::showEvent(QShowEvent* event) {
-    SetHelpFile(QStringLiteral("Reports"));
-    QDialog::showEvent(event);
-}
 
 void frmReport::Load() {
     const ReportMenuTable& menu = ResultsDb.ReportMenu();

@@ -51,6 +51,7 @@ std::string SeriesLines(const RowSet& series) {
 frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmScoring>()), ResultsDb(ResultsDb) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Scoring");
     for (std::size_t k = 0; k < tValue.size(); ++k)
         tValue[k] = findChild<QLineEdit*>(QString("tValue_%1").arg(k));
     for (std::size_t i = 0; i < tRun.size(); ++i) {
@@ -96,12 +97,6 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
 }
 
 frmScoring::~frmScoring() = default;
-
-bool frmScoring::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Scoring");
-    return QDialog::event(e);
-}
 
 std::string frmScoring::Load() {
     std::string Msg = ListScoring();

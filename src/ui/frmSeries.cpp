@@ -36,6 +36,7 @@ frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
       ResultsDb_(resultsDb),
       SeriesId_(seriesId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Series");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (QWidget* w :
          {static_cast<QWidget*>(ui->listSchedule), static_cast<QWidget*>(ui->listClassSplits),
@@ -88,12 +89,6 @@ frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
 }
 
 frmSeries::~frmSeries() = default;
-
-void frmSeries::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        SetHelpFile("Series");
-    QDialog::changeEvent(event);
-}
 
 bool frmSeries::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui->listSchedule && event->type() == QEvent::FocusOut)
