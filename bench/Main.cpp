@@ -147,6 +147,9 @@ void PrintTargets(MedianReporter& medians, double peak) {
     if (const Median* activation = medians.Find("Activation/twenty_seasons"))
         std::printf("  activation, twenty seasons     %8.2f  (< 30 ms): %s\n", activation->real,
                     Verdict(activation->real < 30));
+    if (const Median* import = medians.Find("ImportCsv/club_register"))
+        std::printf("  import of a club register      %8.1f  (< 1000 ms): %s\n", import->real,
+                    Verdict(import->real < 1000));
     if (peak < 0)
         std::printf("  peak memory of tallyboard-cli report, season: could not be measured\n");
     else

@@ -2,7 +2,8 @@
 
 // Turns the fuzzer's bytes into the values a query hands the report writers: Null, Booleans,
 // whole numbers, doubles of every bit pattern, dates and UTF-8 text of any letters (controls
-// included), up to a few thousand characters long.
+// included), up to a few thousand characters long, now and then with a byte that is not UTF-8 at
+// all, as text another program wrote in some other charset.
 
 #include <chrono>
 #include <cstdint>
@@ -34,8 +35,13 @@ public:
         if (length > 240)
             length = (length - 240) * 250;
         std::string text;
-        for (std::size_t i = 0; i < length && !Exhausted(); ++i)
-            AppendUtf8(text, CodePoint());
+        for (std::size_t i = 0; i < length && !Exhausted(); ++i) {
+            const std::uint8_t first = Byte();
+            if (first >= 0xF8)
+                text += static_cast<char>(Byte() | 0x80);
+            else
+                AppendUtf8(text, CodePoint(first));
+        }
         return text;
     }
 
@@ -69,8 +75,7 @@ public:
 
 private:
     // Mostly ASCII, controls included; now and then any letter outside the surrogates.
-    char32_t CodePoint() {
-        const std::uint8_t first = Byte();
+    char32_t CodePoint(std::uint8_t first) {
         if (first < 0x80)
             return first;
         const char32_t code = static_cast<char32_t>(Bytes(3) % 0x110000);

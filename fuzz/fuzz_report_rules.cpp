@@ -1,6 +1,7 @@
-// Feeds any value to the attribute value writer and the penalty note formatter. A value whose
-// text XML can carry must read back from the attribute as written (white space as an attribute
-// normalises it); a penalty note only ever grows at its end.
+// Feeds any value to the attribute value writer, the class footnote writer and the penalty note
+// formatter. Any attribute and any footnote parses; a value whose text is UTF-8 must read back
+// from the attribute as written (white space as an attribute normalises it); a penalty note only
+// ever grows at its end.
 
 #include <cstdint>
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include "XmlCheck.h"
 #include "data/Conversions.h"
 #include "data/RunTimeFault.h"
+#include "reports/Charset.h"
 #include "reports/ReportXmlRules.h"
 
 namespace {
@@ -48,7 +50,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string readBack;
     if (!tb::fuzz::ParsesAsXml("<a v=" + attribute + "/>", &readBack))
         std::abort();
-    if (readBack != AsAttributeReadsBack(tb::ToText(value)))
+    const std::string text = tb::ToText(value);
+    if (tb::WithValidUtf8(text) == text && readBack != AsAttributeReadsBack(text))
+        std::abort();
+    if (!tb::fuzz::ParsesAsXml("<f>" + tb::FootnoteContent(text) + "</f>"))
         std::abort();
 
     const tb::Value penalty = input.AnyValue();

@@ -16,7 +16,7 @@ body {
   margin: 0; padding: 1.5rem 1rem 2rem; color: var(--ink); background: #fff;
   font: 15px/1.45 "Segoe UI", "Noto Sans", "DejaVu Sans", Helvetica, Arial, sans-serif;
 }
-main { max-width: 68rem; margin: 0 auto; }
+main { max-width: 80rem; margin: 0 auto; }
 header.report { border-bottom: 3px solid var(--accent); padding-bottom: .6rem; margin-bottom: 1rem; }
 .organisation { margin: 0; font-size: .95rem; letter-spacing: .04em; text-transform: uppercase; color: var(--accent); font-weight: 600; }
 h1 { margin: .15rem 0 .1rem; font-size: 1.65rem; line-height: 1.2; }
@@ -50,15 +50,31 @@ td.notes { white-space: normal; min-width: 12rem; color: var(--muted); font-size
 td.pos { font-weight: 700; }
 td.total { font-weight: 700; }
 .discard { color: var(--discard); text-decoration: line-through; }
+table.series th, table.series td { text-align: right; }
+table.series .boat, table.series .sail { text-align: left; }
+table.series td.pos, table.series td.total { font-weight: 700; }
+table.series caption { text-align: left; color: var(--muted); font-size: .85rem; padding: .6rem 0 .2rem; }
 .write-in { width: 9rem; border-left: 1px solid var(--rule); }
 tr.write-row td { height: 2.1rem; }
 .legend, footer { color: var(--muted); font-size: .85rem; }
+.legend { margin: .3rem 0 0; }
+/* Position and boat stay in view while the other columns scroll sideways. */
+th.pos, td.pos { position: sticky; left: 0; z-index: 1; min-width: 2.9rem; width: 2.9rem; }
+th.boat, td.boat { position: sticky; left: 2.9rem; z-index: 1; }
+th.pos, th.boat, td.pos, td.boat { background: #fff; }
+tbody tr:nth-child(even) td.pos, tbody tr:nth-child(even) td.boat { background: var(--band); }
+td.boat { box-shadow: inset -1px 0 0 var(--rule); }
+nav.archive a { color: var(--accent); }
 .empty { color: var(--muted); font-style: italic; }
 footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem; }
 @media (max-width: 44rem) {
   body { font-size: 14px; padding: 1rem .5rem; }
   .wide { display: none; }
-  td.boat { white-space: normal; }
+  td.boat { white-space: normal; min-width: 6.5rem; max-width: 9rem; }
+  th, td { padding: .3rem .3rem; }
+  th.pos, td.pos { min-width: 2.2rem; width: 2.2rem; }
+  th.boat, td.boat { left: 2.2rem; }
+  section.class { padding-left: .5rem; }
   h1 { font-size: 1.35rem; }
 }
 @media print {
@@ -66,13 +82,21 @@ footer { margin-top: 2rem; border-top: 1px solid var(--rule); padding-top: .5rem
   body { font-size: 9pt; padding: 0; }
   .model { display: none; }
   td.notes { min-width: 6rem; }
-  table.series { font-size: 8pt; }
+  table.series { font-size: 7.5pt; }
+  table.series .sail { display: none; }
+  table.series th, table.series td { padding: 1.5pt 2pt; }
+  th { font-size: 6.5pt; letter-spacing: 0; }
+  section.class { padding-left: 4pt; }
   main { max-width: none; }
-  nav.classes { display: none; }
+  nav.classes, nav.archive { display: none; }
   .scroll { overflow: visible; }
   th, td { padding: 1.5pt 3pt; }
-  section.class { break-inside: avoid-page; }
-  .sheet-per-page section.class { break-before: page; break-inside: auto; }
+  th.pos, td.pos, th.boat, td.boat { position: static; background: none; box-shadow: none; }
+  table.series caption { break-after: avoid; padding-top: 6pt; }
+  /* A heading stays with what it heads: no page ends on a heading or starts with a footer. */
+  header.report, h2, h3, .class-facts, .note { break-after: avoid; }
+  footer, .legend { break-before: avoid; }
+  .sheet-per-page section.class { break-before: page; }
   .sheet-per-page section.class:first-of-type { break-before: auto; }
   thead { display: table-header-group; }
   tr { break-inside: avoid; }

@@ -15,10 +15,8 @@ namespace {
 
 const std::vector<Registration>& Registrations() {
     static const std::vector<Registration> registrations = {
-        AddCreateDbCommand,
-        AddDemoCommand,
-        AddRacesCommand,
-        AddReportCommand,
+        AddCreateDbCommand, AddDemoCommand,   AddRacesCommand,
+        AddReportCommand,   AddImportCommand, AddExportCommand,
     };
     return registrations;
 }

@@ -28,6 +28,8 @@ void AddCreateDbCommand(CLI::App& app, int& status);
 void AddDemoCommand(CLI::App& app, int& status);
 void AddRacesCommand(CLI::App& app, int& status);
 void AddReportCommand(CLI::App& app, int& status);
+void AddImportCommand(CLI::App& app, int& status);
+void AddExportCommand(CLI::App& app, int& status);
 
 // Option checks whose refusal reads "--option: expects ...".
 CLI::Validator WholeNumber();

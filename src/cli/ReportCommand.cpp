@@ -44,10 +44,10 @@ int WriteReport(const ReportRequest& request) {
     std::string OutputPath;
     const std::string Result =
         db.CreateReport(kindIndex, request.action, chosen.Viewer, request.race, OutputPath);
-    if (!Result.empty())
-        return Fail(Result);
-    std::cout << OutputPath << '\n';
-    return kDone;
+    // A publishing action stopped by unsettled handicaps still names the problem page.
+    if (!OutputPath.empty())
+        std::cout << OutputPath << '\n';
+    return Result.empty() ? kDone : Fail(Result);
 }
 
 CLI::Validator ReportLetter() {

@@ -2,6 +2,7 @@
 
 #include <time.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -236,6 +237,41 @@ std::optional<DateTime> ParseTypedDate(std::string_view text) {
 
 std::optional<DateTime> ParseTypedDateTime(std::string_view text) {
     return ParseDate(text, true);
+}
+
+std::optional<long long> ParseTimeOfDay(std::string_view text) {
+    const std::string_view s = Trim(text);
+    int hh = 0, mi = 0, ss = 0;
+    if (s.size() == 6 && std::all_of(s.begin(), s.end(), IsDigit)) {
+        hh = (s[0] - '0') * 10 + (s[1] - '0');
+        mi = (s[2] - '0') * 10 + (s[3] - '0');
+        ss = (s[4] - '0') * 10 + (s[5] - '0');
+    } else {
+        std::size_t pos = 0;
+        const auto h = ReadNumber(s, pos, 2);
+        const char separator = pos < s.size() ? s[pos] : '\0';
+        if (!h || (separator != ':' && separator != '.'))
+            return std::nullopt;
+        ++pos;
+        const std::size_t minuteStart = pos;
+        const auto m = ReadNumber(s, pos, 2);
+        if (!m || pos - minuteStart != 2 || pos >= s.size() || s[pos] != separator)
+            return std::nullopt;
+        ++pos;
+        const std::size_t secondStart = pos;
+        const auto sec = ReadNumber(s, pos, 2);
+        if (!sec || pos - secondStart != 2)
+            return std::nullopt;
+        if (separator == ':' && pos + 1 < s.size() && s[pos] == '.' &&
+            std::all_of(s.begin() + static_cast<std::ptrdiff_t>(pos) + 1, s.end(), IsDigit))
+            pos = s.size();
+        if (pos != s.size())
+            return std::nullopt;
+        hh = *h, mi = *m, ss = *sec;
+    }
+    if (hh > 23 || mi > 59 || ss > 59)
+        return std::nullopt;
+    return hh * 3600LL + mi * 60LL + ss;
 }
 
 bool IsValidDate(std::string_view text) {

@@ -30,6 +30,10 @@ std::optional<DateTime> ParseTypedDate(std::string_view text);
 std::optional<DateTime> ParseTypedDateTime(std::string_view text);
 bool IsValidDate(std::string_view text);
 
+// A time of day as a timing app or a spreadsheet writes it: "hhmmss", "h:mm:ss" or "h.mm.ss"
+// (a fraction of a second after "h:mm:ss" is dropped). Gives the seconds since midnight.
+std::optional<long long> ParseTimeOfDay(std::string_view text);
+
 // The database's storage form "YYYY-MM-DD HH:MM:SS" (a date alone is accepted too).
 std::optional<DateTime> ParseStoredDateTime(std::string_view text);
 std::string ToStoredDateTime(DateTime t);

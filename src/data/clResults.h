@@ -16,6 +16,8 @@
 #include "app/ReportMenu.h"
 #include "data/RowSet.h"
 #include "data/Statement.h"
+#include "exchange/Columns.h"
+#include "exchange/Csv.h"
 
 namespace SQLite {
 class Database;
@@ -24,6 +26,18 @@ class Database;
 namespace tb {
 
 struct ScopeResult;
+
+// What an import found in its file: the header with the column each field is read as (empty
+// for a field it ignores), the first rows, every problem with its row and column, and the
+// one-line summary per kind of what was (or would be) added, updated and skipped.
+struct ImportReport {
+    std::vector<std::string> Header;
+    std::vector<std::string> Recognised;
+    std::vector<std::string> Ignored;
+    std::vector<CsvRow> FirstRows;
+    std::vector<std::string> Problems;
+    std::string Summary;
+};
 
 class clResults {
 public:
@@ -414,11 +428,14 @@ public:
     // ---- Reports
     // Writes the report of the kind (0 to 5: E, A, C, R, S, B) with the report menu's action for
     // the race into the year folder of ReportPath; OutputPath is the file to show (the problem
-    // report when the race's handicaps are not settled).
+    // report when the race's handicaps are not settled), or where an output object published
+    // the page when it says. Unsettled handicaps stop a publishing action with a message.
     std::string CreateReport(int KindIndex, int ActionIndex, int Viewer, int RaceId,
                              std::string& OutputPath);
+    // Notice, when not empty, is said at the top of the page (a publishing action it stopped).
     std::string ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
-                                   const RowSet& Problems, std::string& Html);
+                                   const RowSet& Problems, std::string& Html,
+                                   const std::string& Notice = {});
     // Reads the report menu from the given initialisation file instead of the program's own.
     std::string ReadReportMenu(const std::string& IniFile);
 
@@ -429,7 +446,40 @@ public:
                            const std::string& Footnote, int& HandicapTypeId,
                            const std::string& Description);
 
+    // ---- Register look-ups that create what they do not find (Added tells which)
+    std::string FindOrAddPerson(const std::string& Firstname, const std::string& Lastname, int& Id,
+                                bool& Added);
+    std::string FindOrAddModel(const std::string& Model, int& Id, bool& Added);
+    std::string FindOrAddHandicapType(const std::string& Description, int& Id, bool& Added);
+    // The boat with exactly that full sail number, else the one boat whose sail number (its
+    // digits) it is; Id 0 when there is none or more than one.
+    std::string FindBoatBySailNumber(const std::string& SailNo, int& Id);
+
+    // ---- CSV import and export
+    // Reads and checks the file as an import would, writes nothing. The message is empty when
+    // the file could be looked at; its problems are in the report.
+    std::string PreviewImport(CsvKind Kind, const std::string& FilePath, bool Update, int RaceId,
+                              ImportReport& Report);
+    // Imports the whole file or nothing: any problem is the message, one line per problem.
+    // Existing records are skipped, or updated with Update. RaceId is the race of finishes.
+    std::string ImportCsv(CsvKind Kind, const std::string& FilePath, bool Update, int RaceId,
+                          ImportReport& Report);
+    // The CSV text (UTF-8 with a byte-order mark) of a register kind, or of a race's results or
+    // its series' standings up to the race, computed as the reports compute them.
+    std::string ExportCsv(CsvKind Kind, int RaceId, std::string& Csv);
+
+    // ---- Classes by class split
+    // Moves: one row per entrant whose class would change (Entrant.Id, BoatName, FullSailNo,
+    // old ClassName, new ClassName, new Class.Id); Unrated: boats without a handicap of their
+    // class's type on their entry date (BoatName, FullSailNo), which keep their class.
+    std::string GetClassSplitMoves(int SeriesId, RowSet& Moves, RowSet& Unrated);
+    std::string PutClassSplit(int SeriesId, const RowSet& Moves);
+
 private:
+    // One import, written and committed, or looked at and rolled back.
+    std::string Import(CsvKind Kind, const std::string& FilePath, bool Update, int RaceId,
+                       bool Commit, ImportReport& Report);
+
     // How an operation meets the database: a query reads; a write runs in one transaction; a
     // store also stamps the change time when it succeeds; a remove shows a connection failure
     // at once. Every shape turns a run-time error into the "C-Error" text for its location.

@@ -39,7 +39,57 @@ private:
     iconv_t cd_;
 };
 
+// The bytes of the well-formed UTF-8 character (not ASCII) at the position, 0 when the bytes there
+// are not one (a stray continuation byte, an overlong form, a surrogate, beyond U+10FFFF, cut
+// short).
+std::size_t Utf8CharacterLength(std::string_view text, std::size_t at) {
+    const auto byte = [&](std::size_t i) {
+        return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0u;
+    };
+    const unsigned lead = byte(0);
+    // The second byte's range depends on the lead byte; later ones are always 80 to BF.
+    unsigned low = 0x80, high = 0xBF;
+    std::size_t length = 0;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        low = lead == 0xE0 ? 0xA0 : 0x80;
+        high = lead == 0xED ? 0x9F : 0xBF;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        low = lead == 0xF0 ? 0x90 : 0x80;
+        high = lead == 0xF4 ? 0x8F : 0xBF;
+    } else {
+        return 0;
+    }
+    if (byte(1) < low || byte(1) > high)
+        return 0;
+    for (std::size_t i = 2; i < length; ++i) {
+        if (byte(i) < 0x80 || byte(i) > 0xBF)
+            return 0;
+    }
+    return length;
+}
+
 }  // namespace
+
+std::string WithValidUtf8(std::string_view text) {
+    std::string valid;
+    valid.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        if (static_cast<unsigned char>(text[i]) < 0x80) {
+            valid += text[i++];
+        } else if (const std::size_t length = Utf8CharacterLength(text, i)) {
+            valid.append(text.substr(i, length));
+            i += length;
+        } else {
+            valid += "\xEF\xBF\xBD";
+            ++i;
+        }
+    }
+    return valid;
+}
 
 std::string EncodeWindows1252(std::string_view utf8) {
     Converter toCodePoints("UTF-32LE", "UTF-8");

@@ -9,4 +9,9 @@ namespace tb {
 // charset lacks becomes a numeric character reference (&#8364; stays readable in any browser).
 std::string EncodeWindows1252(std::string_view utf8);
 
+// The text with every byte that is not part of a well-formed UTF-8 character replaced by U+FFFD,
+// so that text another program wrote in some other charset still reads, marked where it went
+// wrong, instead of stopping the report.
+std::string WithValidUtf8(std::string_view text);
+
 }  // namespace tb

@@ -1,4 +1,5 @@
 #include <SQLiteCpp/Database.h>
+#include <fcntl.h>
 #include <libxml/parser.h>
 #include <libxslt/transform.h>
 #include <libxslt/variables.h>
@@ -16,6 +17,7 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <string_view>
 #include <vector>
 
 #include "app/Globals.h"
@@ -34,6 +36,9 @@ namespace tb {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr const char* kNotPublished =
+    "The results were not published: the handicaps listed on the problem page are not settled.";
 
 // Writes the file (created or overwritten) with the text and a line end. The text goes to a
 // file beside it first and takes the report's name only once complete, so a write that fails
@@ -181,26 +186,87 @@ private:
     std::string path_;
 };
 
+// The last line the program printed, without its line end: where it published the page.
+std::string LastLine(const std::string& printed) {
+    std::istringstream lines(printed);
+    std::string last;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        if (!line.empty())
+            last = line;
+    }
+    return last;
+}
+
+// The environment the output object runs in: the caller's, and where the report would be written
+// had the action no output object (an object that saves a file keeps it in the report folder).
+std::vector<std::string> OutputObjectEnvironment(const std::string& ReportFile) {
+    std::vector<std::string> variables;
+    for (char** variable = environ; *variable != nullptr; ++variable) {
+        if (!std::string_view(*variable).starts_with("TALLYBOARD_REPORT_FILE="))
+            variables.emplace_back(*variable);
+    }
+    variables.push_back("TALLYBOARD_REPORT_FILE=" + ReportFile);
+    return variables;
+}
+
+std::vector<char*> Pointers(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (auto& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Runs the output object; Published is the last line it printed on its standard output (where it
+// put the page), empty when it printed nothing. A failing object's last line of complaint is
+// added to the message, so "WeasyPrint is not installed" reaches the user.
 std::string RunOutputObject(const std::string& OutputObject, const std::string& OutputFile,
-                            const std::string& Html, const std::string& Xml) {
+                            const std::string& ReportFile, const std::string& Html,
+                            const std::string& Xml, std::string& Published) {
     const TemporaryFile htmlFile(Html, ".htm");
     const TemporaryFile xmlFile(Xml, ".xml");
+    const TemporaryFile complaints({}, ".txt");
     const std::string program = OutputObjectProgram(OutputObject);
     std::vector<std::string> args = {program, OutputFile, htmlFile.path(), xmlFile.path()};
-    std::vector<char*> argv;
-    for (auto& arg : args)
-        argv.push_back(arg.data());
-    argv.push_back(nullptr);
+    std::vector<std::string> environment = OutputObjectEnvironment(ReportFile);
+    // Close-on-exec, so no other program started meanwhile holds the pipe open.
+    int pipeEnds[2];
+    if (pipe2(pipeEnds, O_CLOEXEC) != 0)
+        return "E-Failed to create output object " + OutputObject;
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, complaints.path().c_str(),
+                                     O_WRONLY | O_TRUNC, 0);
     pid_t pid = 0;
-    if (posix_spawnp(&pid, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0)
+    const int spawned = posix_spawnp(&pid, program.c_str(), &actions, nullptr,
+                                     Pointers(args).data(), Pointers(environment).data());
+    posix_spawn_file_actions_destroy(&actions);
+    close(pipeEnds[1]);
+    std::string printed;
+    char buffer[4096];
+    for (ssize_t n; spawned == 0 && (n = read(pipeEnds[0], buffer, sizeof buffer)) != 0;) {
+        if (n > 0)
+            printed.append(buffer, static_cast<std::size_t>(n));
+        else if (errno != EINTR)
+            break;
+    }
+    close(pipeEnds[0]);
+    if (spawned != 0)
         return "E-Failed to create output object " + OutputObject;
     int status = 0;
     while (waitpid(pid, &status, 0) < 0) {
         if (errno != EINTR)
             return "E-Output object " + OutputObject + " process failed";
     }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        return "E-Output object " + OutputObject + " process failed";
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        const std::string reason = LastLine(ReadWholeFile(complaints.path()));
+        return "E-Output object " + OutputObject + " process failed" +
+               (reason.empty() ? "" : ": " + reason);
+    }
+    Published = LastLine(printed);
     return {};
 }
 
@@ -317,7 +383,8 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
             OutputPath = reportPath;
         } else {
             std::string problemHtml;
-            Msg = ReportProblemsHTML(reportPath, ClassRows, Problems, problemHtml);
+            Msg = ReportProblemsHTML(reportPath, ClassRows, Problems, problemHtml,
+                                     action.OutputObject.empty() ? "" : kNotPublished);
             if (!Msg.empty())
                 return Msg;
             const std::string problemPath = folder + month + day + "_Problem.htm";
@@ -336,8 +403,15 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
         }
 
         if (!action.OutputObject.empty()) {
-            if (!problems)
-                return RunOutputObject(action.OutputObject, action.OutputFile, Html, Xml);
+            // Publishing stops at unsettled handicaps, and says so: nothing reached the public.
+            if (problems)
+                return "E-" + std::string(kNotPublished) + " See " + OutputPath;
+            std::string published;
+            Msg = RunOutputObject(action.OutputObject, action.OutputFile, reportPath, Html, Xml,
+                                  published);
+            if (Msg.empty() && !published.empty())
+                OutputPath = published;
+            return Msg;
         } else {
             WriteReportFile(reportPath, action.StyleSheet.empty() ? Xml : Html);
         }

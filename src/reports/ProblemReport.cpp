@@ -66,7 +66,8 @@ std::string PageText(const Value& value) {
 }  // namespace
 
 std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const RowSet& ClassRows,
-                                          const RowSet& Problems, std::string& Html) {
+                                          const RowSet& Problems, std::string& Html,
+                                          const std::string& Notice) {
     return RunWriter("ReportProblemsHTML", [&] {
         const std::string crlf = kCrLf;
         Html = "<HEAD>" + crlf +
@@ -76,6 +77,8 @@ std::string clResults::ReportProblemsHTML(const std::string& ResultsFile, const 
                ProblemStyleBlock() + crlf + "</HEAD>" + crlf +
                "<BODY><P CLASS=CBS ID=idc>&nbsp;</P>" + crlf +
                "<B>TALLYBOARD PROBLEM REPORT</B><P>&nbsp;</P>" + crlf;
+        if (!Notice.empty())
+            Html += "<P><B>" + PageText(Value(Notice)) + "</B></P><P>&nbsp;</P>" + crlf;
         for (std::size_t k = 0; k < Problems.Rows(); ++k) {
             const std::string boat = PageText(Problems(ProblemsCol::BoatName, k));
             if (Problems(ProblemsCol::Class, k).AsInt() == 0) {

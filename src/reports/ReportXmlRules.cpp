@@ -1,10 +1,13 @@
 #include "reports/ReportXmlRules.h"
 
+#include <libxml/parser.h>
+
 #include <cmath>
 #include <string_view>
 
 #include "data/Conversions.h"
 #include "data/Messages.h"
+#include "reports/Charset.h"
 
 namespace tb {
 
@@ -21,30 +24,42 @@ std::size_t UncarriedBytes(std::string_view text, std::size_t at) {
     return next == "\xEF\xBF\xBE" || next == "\xEF\xBF\xBF" ? 3 : 0;
 }
 
-}  // namespace
-
-std::string AttributeValue(const Value& value) {
-    const std::string text = ToText(value);
-    std::string quoted = "\"";
-    quoted.reserve(text.size() + 2);
+// The text with the characters XML cannot hold left out and the markup characters in escape.
+std::string EscapedText(std::string_view text, std::string_view markup) {
+    std::string escaped;
+    escaped.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (const std::size_t skipped = UncarriedBytes(text, i)) {
             i += skipped - 1;
             continue;
         }
         const char c = text[i];
-        switch (c) {
-            case '&':
-            case '"':
-            case '<':
-            case '>':
-                quoted += "&#" + std::to_string(static_cast<int>(c)) + ";";
-                break;
-            default:
-                quoted += c;
-        }
+        if (markup.find(c) != std::string_view::npos)
+            escaped += "&#" + std::to_string(static_cast<int>(c)) + ";";
+        else
+            escaped += c;
     }
-    return quoted + "\"";
+    return escaped;
+}
+
+bool IsWellFormedContent(const std::string& content) {
+    const std::string element = "<f>" + content + "</f>";
+    xmlDoc* doc = xmlReadMemory(element.data(), static_cast<int>(element.size()), nullptr, "UTF-8",
+                                XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+    xmlFreeDoc(doc);
+    return doc != nullptr;
+}
+
+}  // namespace
+
+std::string AttributeValue(const Value& value) {
+    return "\"" + EscapedText(WithValidUtf8(ToText(value)), "&\"<>") + "\"";
+}
+
+std::string FootnoteContent(const std::string& footnote) {
+    const std::string text = WithValidUtf8(footnote);
+    const std::string kept = EscapedText(text, "");
+    return IsWellFormedContent(kept) ? kept : EscapedText(text, "&<>");
 }
 
 std::string ReportTypeOf(const std::string& Letter) {

@@ -16,8 +16,14 @@ inline constexpr const char* kXmlDeclaration = "<?xml version=\"1.0\" ?>";
 
 // The value's ordinary text between double quotes, with & " < > written as &#38; &#34; &#60;
 // &#62; and nothing else replaced; a Null value is written as "". Characters XML cannot hold
-// (controls other than tab and line breaks, U+FFFE, U+FFFF) are left out.
+// (controls other than tab and line breaks, U+FFFE, U+FFFF) are left out, and bytes that are not
+// UTF-8 are written as U+FFFD.
 std::string AttributeValue(const Value& value);
+
+// A class footnote as element content: kept as typed when it is well-formed markup (so <b> and
+// links keep working); otherwise (a lone "&" or "<") written as text with & < > escaped, so the
+// report is still made. Characters XML cannot hold are treated as in AttributeValue.
+std::string FootnoteContent(const std::string& footnote);
 
 // ReportDate, ReportTime, ReportType and Entrants, then the ">" that closes the root start tag.
 std::string HeaderAttributes(short Option, const std::string& Letter);

@@ -134,7 +134,8 @@ std::string clResults::ReportXML(short Option, const std::string& Letter, int Vi
                         Xml += ResultElement(ResultRows, j);
                 }
             }
-            Xml += "<ClassFootNote>" + ToText(ClassRows(RaceClassCol::Footnote, i)) +
+            Xml += "<ClassFootNote>" +
+                   FootnoteContent(ToText(ClassRows(RaceClassCol::Footnote, i))) +
                    "</ClassFootNote>" + kCrLf + "</ClassResults>" + kCrLf;
         }
         Xml += "<RaceFootNote></RaceFootNote></RaceResults>";

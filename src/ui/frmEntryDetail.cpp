@@ -418,7 +418,35 @@ void frmEntryDetail::ShowNewBoat(int BoatId) {
 }
 
 void frmEntryDetail::AssignByClassSplit() {
-    ShowMessage("I-Not implemented yet");
+    constexpr std::size_t kUnratedBoat = 0, kUnratedSailNo = 1;
+    AskToSave();
+    RowSet moves, unrated;
+    std::string Msg = ResultsDb.GetClassSplitMoves(SeriesId, moves, unrated);
+    if (!Msg.empty()) {
+        ShowMessage(Msg);
+        return;
+    }
+    const std::size_t changes = moves.Rows();
+    if (changes > 0 &&
+        AskYesNo(std::to_string(changes) + (changes == 1 ? " entrant" : " entrants") +
+                 " will change class by the class split. Assign the boats to their classes?")) {
+        Msg = ResultsDb.PutClassSplit(SeriesId, moves);
+        if (Msg.empty()) {
+            Msg = ShowEntries(BoatId);
+            ui->lInfo->setText(QString::number(changes) + " entrants assigned by class split");
+        }
+    } else if (changes == 0) {
+        ui->lInfo->setText("Every entrant is in its class by the class split");
+    }
+    if (Msg.empty() && !unrated.IsEmpty()) {
+        Msg =
+            "I-These boats have no handicap of their class's type on their entry date and keep "
+            "their class:";
+        for (std::size_t r = 0; r < unrated.Rows(); ++r)
+            Msg += "\n" + unrated(kUnratedBoat, r).ToText() + "  " +
+                   unrated(kUnratedSailNo, r).ToText();
+    }
+    ShowMessage(Msg);
 }
 
 }  // namespace tb

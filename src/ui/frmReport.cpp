@@ -115,11 +115,19 @@ std::string frmReport::MakeReport() {
     const int viewerCode = ResultsDb.ReportMenu()[kind].Actions.at(actionIndex).Viewer;
 
     std::string outputPath;
+    ui->lStatus->clear();
     const std::string Msg =
         ResultsDb.CreateReport(kind, actionIndex, viewerCode, raceId, outputPath);
-    if (!Msg.empty())
-        return Msg;
+    // The status line says where the report went: a published page is nowhere else to be seen.
     const QString path = QString::fromStdString(outputPath);
+    const bool published =
+        !ResultsDb.ReportMenu()[kind].Actions.at(actionIndex).OutputObject.empty();
+    if (!Msg.empty()) {
+        if (!path.isEmpty())
+            ui->lStatus->setText(tr("See %1").arg(path));
+        return Msg;
+    }
+    ui->lStatus->setText((published ? tr("Published to %1") : tr("Written to %1")).arg(path));
     if (viewerCode == 2)
         viewer.OpenInSpreadsheet(path);
     else if (viewerCode == 1 || viewerCode == 3)

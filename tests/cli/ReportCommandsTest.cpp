@@ -7,12 +7,14 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <set>
 #include <sstream>
 
 #include "app/Globals.h"
 #include "app/ReportMenu.h"
 #include "cli/Commands.h"
+#include "reports/ReportFixture.h"
 #include "support/Browser.h"
 #include "support/Checks.h"
 #include "support/RecordingMessages.h"
@@ -167,12 +169,17 @@ TEST_F(ReportCommandTest, EveryShippedActionWritesItsReport) {
                              out),
                   0)
             << line;
+        // The path printed is where the report is, published ones included.
         const std::string path = Lines(out).at(0);
-        if (line.find("publish-to-web-folder") != std::string::npos) {
-            EXPECT_TRUE(fs::exists(web + "/" + fs::path(path).filename().string())) << line;
-        } else {
-            EXPECT_TRUE(fs::is_regular_file(path)) << line;
-            EXPECT_TRUE(path.starts_with(Reports() + "/2026/")) << path;
+        EXPECT_TRUE(fs::is_regular_file(path)) << line;
+        const bool published = line.find("publish-to-web-folder") != std::string::npos;
+        EXPECT_TRUE(
+            path.starts_with(published ? web + "/summer-series-2026/" : Reports() + "/2026/"))
+            << path;
+        if (path.ends_with(".pdf")) {
+            EXPECT_EQ(std::system(("pdftoppm -r 20 -png '" + path + "' '" + path + "'").c_str()),
+                      0);
+            EXPECT_TRUE(fs::exists(path + "-1.png")) << path;
         }
         ++action;
         ++written;
@@ -180,6 +187,53 @@ TEST_F(ReportCommandTest, EveryShippedActionWritesItsReport) {
     ::unsetenv("TALLYBOARD_WEB_FOLDER");
     EXPECT_EQ(kind, 5) << "six report kinds";
     EXPECT_GE(written, 18);
+}
+
+// Publishing race 4, then race 5, with their standings: both race pages, the series page and an
+// index linking them, newest first; unsettled handicaps stop publishing with exit status 1.
+TEST_F(ReportCommandTest, PublishingKeepsAnArchiveOfTheSeasonsPages) {
+    const std::string web = folder_->path() + "/web";
+    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
+    fs::copy(ProgramFolder() + "/Reports", Reports(),
+             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    const std::string series = web + "/summer-series-2026/";
+    auto publish = [&](const std::string& data, const char* race, const char* kind) {
+        std::string out;
+        const int status = RunCommand("report",
+                                      {"--data", data, "--reports", Reports(), "--race", race,
+                                       "--kind", kind, "--action", "5"},
+                                      out);
+        return std::to_string(status) + " " + out;
+    };
+    EXPECT_EQ(publish(Data(), "4", "R"), "0 " + series + "race-4.htm\n");
+    EXPECT_EQ(publish(Data(), "4", "S"), "0 " + series + "index.htm\n");
+    EXPECT_EQ(publish(Data(), "5", "R"), "0 " + series + "race-5.htm\n");
+    const std::string index = test::ReadFile(web + "/index.htm");
+    const auto race5 = index.find("href=\"summer-series-2026/race-5.htm\"");
+    EXPECT_LT(race5, index.find("href=\"summer-series-2026/race-4.htm\"")) << "newest first";
+    EXPECT_NE(index.find("href=\"summer-series-2026/index.htm\""), std::string::npos);
+    for (const char* page : {"race-4.htm", "race-5.htm"}) {
+        const std::string text = test::ReadFile(series + page);
+        EXPECT_NE(text.find("<a href=\"index.htm\">Series standings</a>"), std::string::npos);
+        EXPECT_NE(text.find("<a href=\"../index.htm\">"), std::string::npos);
+        EXPECT_NE(test::ReadFile(series + "index.htm").find(std::string("href=\"") + page),
+                  std::string::npos);
+        EXPECT_EQ(text.find("<nav class=\"archive\""), text.rfind("<nav class=\"archive\""))
+            << "the links are put in place of the earlier ones";
+    }
+
+    const std::string unsettled = folder_->path() + "/unsettled.db";
+    fs::copy_file(Data(), unsettled);
+    {
+        SQLite::Database db(unsettled, SQLite::OPEN_READWRITE);
+        db.exec("UPDATE Handicap SET Expires = '2026-01-01 00:00:00'");
+    }
+    messages.Clear();
+    EXPECT_TRUE(publish(unsettled, "6", "R").starts_with("1 " + Reports() + "/2026/"));
+    ASSERT_EQ(messages.Texts().size(), 1u);
+    EXPECT_TRUE(messages.Texts()[0].starts_with("E-The results were not published"));
+    EXPECT_FALSE(fs::exists(series + "race-6.htm"));
+    ::unsetenv("TALLYBOARD_WEB_FOLDER");
 }
 
 TEST_F(ReportCommandTest, WrongRequestsAreRefused) {
@@ -234,6 +288,68 @@ TEST_F(ReportCommandTest, ABrowserShowsEveryBoatOfEveryClass) {
         ASSERT_NE(dom->find("</table>"), std::string::npos) << kind;
         for (const std::string& boat : boats)
             EXPECT_NE(dom->find(">" + boat + "<"), std::string::npos) << kind << ": " << boat;
+    }
+}
+
+// A season of sixty races read on a desktop screen, on a phone and on paper: the columns a sailor
+// looks for first are in view without scrolling sideways, and every printed page carries a table
+// header (so none holds only a heading, and the standings show the total on each).
+TEST(ReportLayout, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
+    test::TempFolder folder;
+    test::RecordingMessages messages;
+    const std::string data = folder.path() + "/season.db", reports = folder.path() + "/Reports";
+    std::string out;
+    ASSERT_EQ(RunCommand("demo", {data, "--boats", "60", "--races", "60", "--classes", "2"}, out),
+              0);
+    fs::copy(ProgramFolder() + "/Reports", reports, fs::copy_options::recursive);
+    auto page = [&](const char* kind) {
+        EXPECT_EQ(RunCommand("report",
+                             {"--data", data, "--reports", reports, "--race", "60", "--kind", kind,
+                              "--action", "0"},
+                             out),
+                  0);
+        return Lines(out).at(0);
+    };
+    const std::map<std::string, std::string> pages = {
+        {"S", page("S")}, {"R", page("R")}, {"E", page("E")}};
+    const struct {
+        const char* kind;
+        int width;
+        std::vector<std::string> inView;
+    } screens[] = {{"S", 1280, {"Pos", "Boat", "Total"}},
+                   {"S", 390, {"Pos", "Boat", "Sail no", "Total"}},
+                   {"R", 390, {"Pos", "Boat", "Corrected", "Points"}}};
+    test::TempFolder profile;
+    for (const auto& screen : screens) {
+        std::string wanted, expected;
+        for (const std::string& heading : screen.inView) {
+            wanted += (wanted.empty() ? "\"" : ", \"") + heading + "\"";
+            expected += (expected.empty() ? "" : " ") + heading + ":in view";
+        }
+        const std::string checked = folder.path() + "/checked.htm";
+        std::ofstream(checked) << std::ifstream(pages.at(screen.kind)).rdbuf()
+                               << "<script>const wanted = [" << wanted << "];\n"
+                               << test::DataFile("reports/columns-in-view.js") << "</script>";
+        const auto dom = test::BrowserView(checked, profile.path(), screen.width);
+        if (!dom)
+            GTEST_SKIP() << "chromium is not installed";
+        EXPECT_NE(dom->find("<pre id=\"layout\">" + expected + "</pre>"), std::string::npos)
+            << screen.kind << " at " << screen.width
+            << " px: " << dom->substr(std::min(dom->size(), dom->find("<pre id=\"layout\">")));
+    }
+    // On paper every column appears: the last race of the standings, the notes of the results.
+    const struct {
+        const char *kind, *header, *lastColumn;
+    } papers[] = {{"S", "TOTAL", "R60"}, {"R", "CORRECTED", "NOTES"}, {"E", "TCF", "ENTRY"}};
+    for (const auto& paper : papers) {
+        const auto printed = test::PrintedPages(pages.at(paper.kind), profile.path());
+        if (!printed)
+            GTEST_SKIP() << "chromium or pdftotext is not installed";
+        EXPECT_GT(printed->size(), 1u) << paper.kind;
+        for (std::size_t p = 0; p < printed->size(); ++p)
+            EXPECT_NE((*printed)[p].find(paper.header), std::string::npos)
+                << paper.kind << " page " << p + 1;
+        EXPECT_NE(printed->back().find(paper.lastColumn), std::string::npos) << paper.kind;
     }
 }
 

@@ -135,15 +135,27 @@ TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
     }
 }
 
-TEST_F(ReportFilesTest, AFootnoteThatIsNotMarkupStopsTheTransform) {
-    WriteFile(reports() + "plain.xsl", kProgPathSheet);
-    db.Exec("UPDATE Start SET Footnote = 'Wind < 5 knots' WHERE Footnote IS NOT NULL");
-    UseMenu(MenuOf("x=plain.xsl,,,0,1"));
-    std::string path;
-    const std::string Msg = Make('R', path);
-    EXPECT_TRUE(Msg.starts_with("E-StartTag: invalid element name")) << Msg;
-    EXPECT_TRUE(Msg.ends_with("<ClassFootNote>Wind < 5 knots</ClassFootNote>")) << Msg;
-    EXPECT_FALSE(fs::exists(yearFolder() + "0622_1000_0R.htm"));
+// A footnote is kept as markup only when it is well-formed; any other is written as text, and a
+// name another program wrote in some other charset reads with U+FFFD: the report is made.
+TEST_F(ReportFilesTest, StrayMarkupAndBytesAreWrittenAsText) {
+    fs::copy(ProgramFolder() + "/Reports", reports(),
+             fs::copy_options::overwrite_existing | fs::copy_options::recursive);
+    db.Exec("UPDATE Boat SET BoatName = 'Gull' || CAST(X'FF' AS TEXT) WHERE BoatName = 'Gull'");
+    for (const auto& row : test::DataFileRows("reports/footnotes.tsv")) {
+        const std::string& footnote = row.at(0);
+        db.Exec("UPDATE Start SET Footnote = '" + clResults::SqlQuote(footnote) + "'" +
+                " WHERE Footnote IS NOT NULL");
+        std::string path;
+        UseMenu(MenuOf("x=,,,0,1"));
+        ASSERT_EQ(Make('R', path), "") << footnote;
+        EXPECT_NE(ReadFile(path).find("<ClassFootNote>" + row.at(1) + "</ClassFootNote>"),
+                  std::string::npos)
+            << footnote;
+        UseMenu(MenuOf("x=results.xsl,,,0,1"));
+        ASSERT_EQ(Make('R', path), "") << footnote;
+        EXPECT_NE(ReadFile(path).find(row.at(2)), std::string::npos) << footnote;
+        EXPECT_NE(ReadFile(path).find(">Gull\xEF\xBF\xBD<"), std::string::npos);
+    }
 }
 
 TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) {
@@ -168,11 +180,18 @@ TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) 
     page.replace(page.find(resultsFile), resultsFile.size(), "{results}");
     EXPECT_EQ(page, ReadFile(test::GoldenFile("R0-problem.htm")));
 
+    // A publishing action stops there, and the problem page says so at its top.
     UseMenu(MenuOf("x=," + recorder + ",,0,1"));
     std::string again;
-    ASSERT_EQ(Make('R', again), "");
+    EXPECT_EQ(Make('R', again),
+              "E-The results were not published: the handicaps listed on the problem page are "
+              "not settled. See " +
+                  path);
     EXPECT_EQ(again, path);
     EXPECT_FALSE(fs::exists(recorder + ".called"));
+    EXPECT_NE(ReadFile(path).find("PROBLEM REPORT</B><P>&nbsp;</P>\r\n<P><B>The results were "
+                                  "not published"),
+              std::string::npos);
 }
 
 TEST_F(ReportFilesTest, ProblemLinesNameEachBoatsTrouble) {
@@ -231,12 +250,14 @@ protected:
 TEST_F(OutputObjectTest, ReceivesTheFileNameTheHtmlAndTheXml) {
     const std::string recorder = folder.path() + "/recorder";
     WriteScript(recorder,
-                "printf '%s' \"$1\" > \"$0.name\"; cp \"$2\" \"$0.html\"; cp \"$3\" \"$0.xml\"");
+                "printf '%s' \"$1\" > \"$0.name\"; cp \"$2\" \"$0.html\"; cp \"$3\" \"$0.xml\"; "
+                "echo \"$TALLYBOARD_REPORT_FILE\" > \"$0.report\"; echo; echo /web/club.htm");
     UseMenu(MenuOf("x=plain.xsl," + recorder + ",club.htm,0,1"));
     std::string path;
     ASSERT_EQ(Make('R', path), "");
-    EXPECT_EQ(path, yearFolder() + "club.htm");
-    EXPECT_FALSE(fs::exists(path)) << "the object, not the report, writes the output";
+    EXPECT_EQ(path, "/web/club.htm") << "where the object says it published the page";
+    EXPECT_EQ(ReadFile(recorder + ".report"), yearFolder() + "club.htm\n");
+    EXPECT_FALSE(fs::exists(yearFolder() + "club.htm")) << "the object writes the output";
     EXPECT_EQ(ReadFile(recorder + ".name"), "club.htm");
     EXPECT_EQ(ReadFile(recorder + ".html"), "<p>" + ProgramFolder() + "/|Race 2</p>\n");
     EXPECT_TRUE(
@@ -248,6 +269,9 @@ TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
     fs::create_directories(program + "/OutputObjects");
     WriteScript(program + "/OutputObjects/publish", "touch \"$0.called\"");
     WriteScript(program + "/OutputObjects/refuse", "exit 3");
+    WriteScript(
+        program + "/OutputObjects/complain",
+        "echo 'Looking for WeasyPrint' >&2; echo 'WeasyPrint is not installed' >&2; exit 1");
     SetProgramFolder(program);
     struct Case {
         std::string object;
@@ -256,6 +280,7 @@ TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
     const Case cases[] = {
         {"publish", ""},
         {"refuse", "E-Output object refuse process failed"},
+        {"complain", "E-Output object complain process failed: WeasyPrint is not installed"},
         {"no-such-publisher", "E-Failed to create output object no-such-publisher"},
     };
     for (const Case& c : cases) {
@@ -264,21 +289,6 @@ TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
         EXPECT_EQ(Make('S', path), c.message);
     }
     EXPECT_TRUE(fs::exists(program + "/OutputObjects/publish.called"));
-}
-
-TEST_F(OutputObjectTest, TheShippedPublisherFillsTheWebFolder) {
-    const std::string web = folder.path() + "/web/results";
-    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
-    fs::copy(ProgramFolder() + "/Reports", reports(),
-             fs::copy_options::overwrite_existing | fs::copy_options::recursive);
-    UseMenu(MenuOf("x=results.xsl,publish-to-web-folder,race.htm,0,0"));
-    std::string path;
-    const std::string Msg = Make('R', path);
-    ::unsetenv("TALLYBOARD_WEB_FOLDER");
-    ASSERT_EQ(Msg, "");
-    EXPECT_NE(ReadFile(web + "/race.htm").find("Fish &amp; Chips"), std::string::npos);
-    EXPECT_TRUE(ReadFile(web + "/race.xml").starts_with("<?xml"));
-    EXPECT_EQ(FilesIn(web), 2) << "no half-written files are left behind";
 }
 
 }  // namespace

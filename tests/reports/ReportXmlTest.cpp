@@ -134,6 +134,13 @@ TEST(ReportXmlRules, AttributeValuesReplaceTheFourMarkupCharactersAndDropWhatXml
         {Value(std::string("Bell\x07, nul\0 and escape\x1B", 23)), R"("Bell, nul and escape")"},
         {Value("Not\xEF\xBF\xBE a\xEF\xBF\xBF letter \xEF\xBF\xBD"),
          "\"Not a letter \xEF\xBF\xBD\""},
+        // Bytes that are not UTF-8 read as U+FFFD, one for each; the letters around them stay.
+        {Value("Gull\xFF & Caf\xE9"), "\"Gull\xEF\xBF\xBD &#38; Caf\xEF\xBF\xBD\""},
+        {Value("\xC0\xAF\xED\xA0\x80\xF4\x90\x80\x80"),
+         "\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
+         "\xEF\xBF\xBD\xEF\xBF\xBD\""},
+        {Value("\xE2\x82\xAC \xF0\x9F\x8C\x8A \xE2\x82 \xF4\x8F\xBF\xBF"),
+         "\"\xE2\x82\xAC \xF0\x9F\x8C\x8A \xEF\xBF\xBD\xEF\xBF\xBD \xF4\x8F\xBF\xBF\""},
     };
     for (const Case& c : cases)
         EXPECT_EQ(AttributeValue(c.value), c.written) << c.written;

@@ -5,20 +5,57 @@
 
 namespace tb::test {
 
-std::optional<std::string> BrowserView(const std::string& page, const std::string& profile) {
-    if (std::system("command -v chromium > /dev/null 2>&1") != 0)
-        return std::nullopt;
-    const std::string command = "chromium --headless --no-sandbox --disable-gpu --user-data-dir='" +
-                                profile + "' --dump-dom 'file://" + page + "' 2>/dev/null";
+namespace {
+
+constexpr const char* kChromium =
+    "chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
+    "--disable-background-networking --disable-component-update --disable-sync";
+
+bool Installed(const char* program) {
+    return std::system(("command -v " + std::string(program) + " > /dev/null 2>&1").c_str()) == 0;
+}
+
+std::string Output(const std::string& command) {
     FILE* pipe = ::popen(command.c_str(), "r");
     if (pipe == nullptr)
-        return std::nullopt;
-    std::string dom;
+        return {};
+    std::string text;
     char buffer[4096];
     for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-        dom.append(buffer, n);
+        text.append(buffer, n);
     ::pclose(pipe);
-    return dom;
+    return text;
+}
+
+}  // namespace
+
+std::optional<std::string> BrowserView(const std::string& page, const std::string& profile,
+                                       int width) {
+    if (!Installed("chromium"))
+        return std::nullopt;
+    const std::string size = width > 0 ? " --window-size=" + std::to_string(width) + ",900" : "";
+    return Output(std::string(kChromium) + size + " --user-data-dir='" + profile +
+                  "' --dump-dom 'file://" + page + "' 2>/dev/null");
+}
+
+std::optional<std::vector<std::string>> PrintedPages(const std::string& page,
+                                                     const std::string& profile) {
+    if (!Installed("chromium") || !Installed("pdftotext"))
+        return std::nullopt;
+    const std::string pdf = profile + "/printed.pdf";
+    Output(std::string(kChromium) + " --user-data-dir='" + profile +
+           "' --no-pdf-header-footer --print-to-pdf='" + pdf + "' 'file://" + page +
+           "' 2>/dev/null");
+    // pdftotext ends each page with a form feed.
+    std::vector<std::string> pages(1);
+    for (const char c : Output("pdftotext -layout '" + pdf + "' - 2>/dev/null")) {
+        if (c == '\f')
+            pages.emplace_back();
+        else
+            pages.back() += c;
+    }
+    pages.pop_back();
+    return pages;
 }
 
 }  // namespace tb::test

@@ -3,6 +3,9 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
+#include <fstream>
+#include <sstream>
+
 namespace tb::test {
 
 testing::AssertionResult IsRunTimeError(const std::string& Msg, const std::string& operation) {
@@ -26,6 +29,29 @@ std::string Scalar(const std::string& file, const std::string& sql) {
 
 std::string GoldenFile(const std::string& name) {
     return std::string(TALLYBOARD_GOLDEN_DIR) + "/" + name;
+}
+
+std::string DataFile(const std::string& name) {
+    std::ifstream file(GoldenFile(name), std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+std::vector<std::vector<std::string>> DataFileRows(const std::string& name) {
+    std::istringstream file(DataFile(name));
+    std::vector<std::vector<std::string>> rows;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line.starts_with('#'))
+            continue;
+        std::vector<std::string> fields;
+        std::istringstream split(line);
+        for (std::string field; std::getline(split, field, '\t');)
+            fields.push_back(field);
+        rows.push_back(std::move(fields));
+    }
+    return rows;
 }
 
 }  // namespace tb::test

@@ -22,4 +22,11 @@ std::string Scalar(const std::string& file, const std::string& sql);
 // The path of an expected text kept under tests/data/golden.
 std::string GoldenFile(const std::string& name);
 
+// The whole text of a data file under tests/data/golden.
+std::string DataFile(const std::string& name);
+
+// The rows of a data file under tests/data/golden: one a line, fields separated by tabs; lines
+// starting with "#" are comments.
+std::vector<std::vector<std::string>> DataFileRows(const std::string& name);
+
 }  // namespace tb::test

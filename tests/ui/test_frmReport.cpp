@@ -105,6 +105,7 @@ private slots:
         QVERIFY(window->isVisible());
         const QString file = QString::fromStdString(ReportPath) + "2005/0612__2E.xml";
         QCOMPARE(QFileInfo::exists(file), written.folderWritable);
+        QCOMPARE(c.Label("lStatus"), written.folderWritable ? "Written to " + file : QString());
         QCOMPARE(messages->shown.size(), std::size_t{written.folderWritable ? 0u : 1u});
         QCOMPARE(viewer.opened, written.viewedWith.isEmpty()
                                     ? QStringList()

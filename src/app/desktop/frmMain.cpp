@@ -12,6 +12,7 @@
 #include "ui/StartupSettings.h"
 #include "ui/frmBoatDetail.h"
 #include "ui/frmEntryDetail.h"
+#include "ui/frmImportExport.h"
 #include "ui/frmOptions.h"
 #include "ui/frmPeopleDetail.h"
 #include "ui/frmReport.h"
@@ -69,6 +70,7 @@ frmMain::frmMain(ReportViewer& viewer, QWidget* parent)
     connect(ui->cmdPeople, &QPushButton::clicked, this, &frmMain::cmdPeople_Click);
     connect(ui->cmdScoring, &QPushButton::clicked, this, &frmMain::cmdScoring_Click);
     connect(ui->cmdSettings, &QPushButton::clicked, this, &frmMain::cmdSettings_Click);
+    connect(ui->cmdExchange, &QPushButton::clicked, this, &frmMain::cmdExchange_Click);
     Load();
 }
 
@@ -309,6 +311,12 @@ void frmMain::cmdSettings_Click() {
     Activate();
 }
 
+// The race's finishes, results and standings are offered when a race is chosen.
+void frmMain::cmdExchange_Click() {
+    OpenImportExport();
+    Activate();
+}
+
 void frmMain::OpenSeriesEditor() {
     frmSeries window(*ResultsDb, CurrentSeriesId(), this);
     window.exec();
@@ -346,6 +354,11 @@ void frmMain::OpenScoringEditor() {
 
 void frmMain::OpenOptions() {
     frmOptions window(*ResultsDb, this);
+    window.exec();
+}
+
+void frmMain::OpenImportExport() {
+    frmImportExport window(*ResultsDb, ui->SelRace->currentIndex() < 0 ? 0 : CurrentRaceId(), this);
     window.exec();
 }
 

@@ -52,6 +52,7 @@ private:
     void cmdPeople_Click();
     void cmdScoring_Click();
     void cmdSettings_Click();
+    void cmdExchange_Click();
 
     // One method per window that a button opens, each modal.
     void OpenSeriesEditor();
@@ -62,6 +63,7 @@ private:
     void OpenPeopleEditor();
     void OpenScoringEditor();
     void OpenOptions();
+    void OpenImportExport();
 
     std::unique_ptr<Ui::frmMain> ui;
     std::unique_ptr<clResults> ResultsDb;
