@@ -31,7 +31,7 @@ protected:
         cli::DemoSize size;
         size.boats = 80, size.races = 4, size.classes = 2;
         ASSERT_EQ(cli::CreateDemoSeason(path, size), "");
-        DataFile = path;
+        tb::DataFile = path;
     }
     TempFolder folder;
     std::string path = folder.path() + "/demo.db";
