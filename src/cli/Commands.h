@@ -31,6 +31,10 @@ void AddReportCommand(CLI::App& app, int& status);
 void AddImportCommand(CLI::App& app, int& status);
 void AddExportCommand(CLI::App& app, int& status);
 
+// Brings a series across from another scoring program's .blw series file and prints what was
+// added, reused and scored differently.
+int ImportSeries(const std::string& file, const std::string& data);
+
 // Option checks whose refusal reads "--option: expects ...".
 CLI::Validator WholeNumber();
 CLI::Validator WholeNumber(long long least, long long most);

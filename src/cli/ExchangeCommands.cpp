@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
+#include <string_view>
 
 #include "app/Globals.h"
 #include "cli/Commands.h"
@@ -18,12 +19,19 @@ struct ExchangeRequest {
     bool update = false;
 };
 
-CLI::Validator KindOf(const std::vector<CsvKind>& kinds) {
+// A series file of another scoring program comes in through the same command.
+constexpr std::string_view kSeriesKind = "series";
+
+CLI::Validator KindOf(const std::vector<CsvKind>& kinds, bool withSeries = false) {
     std::string names;
     for (const CsvKind kind : kinds)
         names += std::string(names.empty() ? "" : "|") + CsvKindName(kind);
+    if (withSeries)
+        names += "|" + std::string(kSeriesKind);
     return CLI::Validator(
-        [kinds, names](std::string& text) {
+        [kinds, names, withSeries](std::string& text) {
+            if (withSeries && text == kSeriesKind)
+                return std::string();
             const auto kind = CsvKindNamed(text);
             return kind && std::find(kinds.begin(), kinds.end(), *kind) != kinds.end()
                        ? std::string()
@@ -76,19 +84,25 @@ void AddImportCommand(CLI::App& app, int& status) {
     CLI::App* command = app.add_subcommand(
         "import",
         "Reads a CSV file into the register (people, models, boats, handicaps) or a race's "
-        "finishes. The whole file is checked first: any problem is shown with its row and "
+        "finishes, or a series from another scoring program's .blw file. The whole file is checked "
+        "first: any problem is shown with its row and "
         "column, and then nothing is imported. Prints what was added, updated and skipped.");
     auto request = std::make_shared<ExchangeRequest>();
     command->add_option("kind", request->kind, "What the file holds")
         ->required()
         ->check(KindOf({CsvKind::People, CsvKind::Models, CsvKind::Boats, CsvKind::Handicaps,
-                        CsvKind::Finishes}));
+                        CsvKind::Finishes},
+                       true));
     command->add_option("file", request->file, "The CSV file")->required();
     command->add_option("--data", request->data, "The results database")->required();
     command->add_flag("--update", request->update,
                       "Update records that exist already instead of skipping them");
     command->add_option("--race", request->race, "The race of the finishes")->check(WholeNumber());
     command->callback([&status, request] {
+        if (request->kind == kSeriesKind) {
+            status = ImportSeries(request->file, request->data);
+            return;
+        }
         const CsvKind kind = *CsvKindNamed(request->kind);
         status =
             RaceGivenAsNeeded(kind, request->race)

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 namespace tb {
 
@@ -237,6 +238,125 @@ std::optional<DateTime> ParseTypedDate(std::string_view text) {
 
 std::optional<DateTime> ParseTypedDateTime(std::string_view text) {
     return ParseDate(text, true);
+}
+
+namespace {
+
+// The numbers and month of a loosely written date, in the order they stand.
+struct LooseParts {
+    std::vector<int> numbers;
+    std::vector<std::size_t> digits;
+    std::optional<unsigned> month;
+};
+
+LooseParts SplitLooseDate(std::string_view s, bool leading) {
+    LooseParts parts;
+    std::size_t pos = 0;
+    while (pos < s.size()) {
+        const char c = s[pos];
+        if (IsDigit(c)) {
+            const std::size_t start = pos;
+            int n = 0;
+            while (pos < s.size() && IsDigit(s[pos]) && pos - start < 6)
+                n = n * 10 + (s[pos++] - '0');
+            parts.numbers.push_back(n);
+            parts.digits.push_back(pos - start);
+            // An ordinal ending (1st, 2nd, 3rd, 4th) belongs to the number.
+            const std::string_view rest = s.substr(pos, 2);
+            if (rest == "st" || rest == "nd" || rest == "rd" || rest == "th")
+                pos += 2;
+        } else if ((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z')) {
+            const std::size_t start = pos;
+            while (pos < s.size() && ((s[pos] >= 'A' && s[pos] <= 'Z') ||
+                                      (s[pos] >= 'a' && s[pos] <= 'z') || s[pos] == '.'))
+                ++pos;
+            std::string_view word = s.substr(start, pos - start);
+            while (!word.empty() && word.back() == '.')
+                word.remove_suffix(1);
+            const auto month = MonthFromName(word);
+            if (!month && leading)
+                break;
+            if (month && !parts.month)
+                parts.month = month;
+        } else {
+            ++pos;
+        }
+    }
+    return parts;
+}
+
+}  // namespace
+
+std::optional<DateTime> ParseLooseDate(std::string_view text, std::string_view Order,
+                                       int DefaultYear, bool Leading) {
+    const LooseParts parts = SplitLooseDate(text, Leading);
+    int y = DefaultYear;
+    int m = 0;
+    int d = 0;
+    if (parts.month) {
+        if (parts.numbers.empty() || parts.numbers.size() > 2)
+            return std::nullopt;
+        m = static_cast<int>(*parts.month);
+        d = parts.numbers[0];
+        if (parts.numbers.size() == 2)
+            y = parts.numbers[1];
+    } else {
+        if (parts.numbers.size() < 2 || parts.numbers.size() > 3)
+            return std::nullopt;
+        // The order of the letters d, m and y; a date without a year keeps d and m in order.
+        std::string letters;
+        for (char c : Order) {
+            const char lower = static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+            if ((lower == 'd' || lower == 'm' || lower == 'y') &&
+                letters.find(lower) == std::string::npos)
+                letters += lower;
+        }
+        if (letters.size() != 3)
+            letters = "dmy";
+        // Four digits first mean the year leads whatever the order says (2026-05-07).
+        if (parts.numbers.size() == 3 && parts.digits[0] == 4)
+            letters = "ymd";
+        if (parts.numbers.size() == 2)
+            letters.erase(letters.find('y'), 1);
+        for (std::size_t i = 0; i < letters.size(); ++i) {
+            (letters[i] == 'd' ? d : letters[i] == 'm' ? m : y) = parts.numbers[i];
+        }
+    }
+    return Checked(y, m, d);
+}
+
+bool LooseDateHasYear(std::string_view text, bool Leading) {
+    const LooseParts parts = SplitLooseDate(text, Leading);
+    return parts.numbers.size() == (parts.month ? 2u : 3u);
+}
+
+std::optional<long long> ParseClockTime(std::string_view text) {
+    const std::string_view s = Trim(text);
+    std::vector<int> fields;
+    if (s.size() == 6 && std::all_of(s.begin(), s.end(), IsDigit)) {
+        for (std::size_t i = 0; i < 6; i += 2)
+            fields.push_back((s[i] - '0') * 10 + (s[i + 1] - '0'));
+    } else {
+        std::size_t pos = 0;
+        while (true) {
+            const auto n = ReadNumber(s, pos, 2);
+            if (!n)
+                return std::nullopt;
+            fields.push_back(*n);
+            if (pos == s.size())
+                break;
+            if ((s[pos] != ':' && s[pos] != '.') || fields.size() == 3)
+                return std::nullopt;
+            ++pos;
+        }
+        if (fields.size() < 2)
+            return std::nullopt;
+        if (fields.size() == 2)
+            fields.push_back(0);
+    }
+    if (fields[0] > 23 || fields[1] > 59 || fields[2] > 59)
+        return std::nullopt;
+    return fields[0] * 3600LL + fields[1] * 60LL + fields[2];
 }
 
 std::optional<long long> ParseTimeOfDay(std::string_view text) {

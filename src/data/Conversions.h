@@ -30,6 +30,17 @@ std::optional<DateTime> ParseTypedDate(std::string_view text);
 std::optional<DateTime> ParseTypedDateTime(std::string_view text);
 bool IsValidDate(std::string_view text);
 
+// A date as other scoring programs write it: numbers in the order the letters d, m and y take in
+// Order ("d/m/y", "m-d-y"), any separators, or a month name with a day ("Jan 18", "1st Feb",
+// "6th May 2026"). A missing year takes DefaultYear; two-digit years are 20xx. Leading reads only
+// the start of the text, up to the first word that is no month ("5-20 R1" is 20 May).
+std::optional<DateTime> ParseLooseDate(std::string_view text, std::string_view Order,
+                                       int DefaultYear, bool Leading = false);
+// Whether the text names a year of its own (four digits, or a third number).
+bool LooseDateHasYear(std::string_view text, bool Leading = false);
+// A time of day (or a duration under a day) written HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or
+// HHMMSS: seconds.
+std::optional<long long> ParseClockTime(std::string_view text);
 // A time of day as a timing app or a spreadsheet writes it: "hhmmss", "h:mm:ss" or "h.mm.ss"
 // (a fraction of a second after "h:mm:ss" is dropped). Gives the seconds since midnight.
 std::optional<long long> ParseTimeOfDay(std::string_view text);

@@ -26,6 +26,8 @@ class Database;
 namespace tb {
 
 struct ScopeResult;
+struct SeriesImport;
+struct ImportCounts;
 
 // What an import found in its file: the header with the column each field is read as (empty
 // for a field it ignores), the first rows, every problem with its row and column, and the
@@ -445,6 +447,11 @@ public:
     std::string PutOptions(const std::string& Heading, const std::string& Comment,
                            const std::string& Footnote, int& HandicapTypeId,
                            const std::string& Description);
+
+    // ---- Import
+    // Writes a planned import (a series from another scoring program's file) in one
+    // transaction: nothing is written when any step fails.
+    std::string ImportSeries(const SeriesImport& Plan, ImportCounts& Counts);
 
     // ---- Register look-ups that create what they do not find (Added tells which)
     std::string FindOrAddPerson(const std::string& Firstname, const std::string& Lastname, int& Id,

@@ -23,13 +23,6 @@ std::string Trap(const char* location, const std::function<std::string()>& body)
     }
 }
 
-void RunTrapped(const char* location, const std::function<void()>& body) {
-    ShowMessage(Trap(location, [&body] {
-        body();
-        return std::string();
-    }));
-}
-
 void KeepTypedName(QComboBox* list) {
     list->setCompleter(nullptr);
     list->setInsertPolicy(QComboBox::NoInsert);

@@ -4,11 +4,14 @@
 // a record's Id as item data, the information boxes that list what uses a record, and the trap
 // that turns a run-time error inside a window procedure into its message.
 
+#include "data/Messages.h"
+
 #include <QComboBox>
 #include <QFont>
 #include <QString>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace tb {
@@ -26,9 +29,20 @@ QString FieldText(const Value& value);
 
 // Runs a window procedure; a run-time error becomes the "C-Error" text for the location.
 std::string Trap(const char* location, const std::function<std::string()>& body);
-// Every window slot that reaches the database or converts typed text runs through here, so a
-// run-time error inside it is shown as its message and never leaves the event loop.
-void RunTrapped(const char* location, const std::function<void()>& body);
+// Every window slot that reaches the database or converts typed text runs through here: the
+// message the procedure returns (if it returns one) is shown, and a run-time error inside it is
+// shown as its message and never leaves the event loop.
+template <typename Procedure>
+void RunTrapped(const char* location, Procedure&& procedure) {
+    ShowMessage(Trap(location, [&procedure]() -> std::string {
+        if constexpr (std::is_void_v<std::invoke_result_t<Procedure&>>) {
+            procedure();
+            return {};
+        } else {
+            return procedure();
+        }
+    }));
+}
 
 // The font of lists padded into columns.
 QFont ColumnFont();

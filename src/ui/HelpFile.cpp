@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QUrl>
+#include <QWidget>
 
 #include "app/Globals.h"
 
@@ -28,7 +29,29 @@ protected:
     }
 };
 
+class HelpOnActivation : public QObject {
+public:
+    HelpOnActivation(QWidget* window, const QString& helpName)
+        : QObject(window), HelpName(helpName) {
+        window->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == parent() && event->type() == QEvent::WindowActivate)
+            SetHelpFile(HelpName);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QString HelpName;
+};
+
 }  // namespace
+
+void SetHelpOnActivation(QWidget* window, const QString& helpName) {
+    new HelpOnActivation(window, helpName);
+}
 
 void SetHelpFile(const QString& helpName) {
     currentHelpFile = QString::fromStdString(HelpPath) + helpName + ".html";

@@ -39,6 +39,7 @@ frmBoatDetail::frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boa
       ResultsDb(ResultsDb),
       boatSaved(std::move(boatSaved)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Boats");
     for (QWidget* list :
          {static_cast<QWidget*>(ui->SelBoat), static_cast<QWidget*>(ui->SelModel),
           static_cast<QWidget*>(ui->listHandicaps), static_cast<QWidget*>(ui->lHandicapColumns)})
@@ -49,59 +50,57 @@ frmBoatDetail::frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boa
         QFontMetrics(ColumnFont()).horizontalAdvance(QString(50, 'M')));
     ui->SelBoat->installEventFilter(this);
 
-    const auto act = [this](const char* location, std::function<std::string()> body) {
-        return [this, location, body] { ShowMessage(Trap(location, body)); };
-    };
     connect(ui->SelBoat, &QComboBox::currentIndexChanged, this, [this] { BoatChosen(); });
     connect(ui->cSailNum, &QCheckBox::toggled, this,
-            act("BoatDetail.cSailNum", [this] { return ListBoats(BoatId); }));
-    connect(ui->cDraft, &QCheckBox::toggled, this,
-            act("BoatDetail.cDraft", [this] { return ShowModels(ChosenId(ui->SelModel)); }));
+            [this] { RunTrapped("BoatDetail.cSailNum", [this] { return ListBoats(BoatId); }); });
+    connect(ui->cDraft, &QCheckBox::toggled, this, [this] {
+        RunTrapped("BoatDetail.cDraft", [this] { return ShowModels(ChosenId(ui->SelModel)); });
+    });
     connect(ui->tName, &QLineEdit::textChanged, this, [this] { UpdateChangeState(); });
     connect(ui->tSailNo, &QLineEdit::textChanged, this, [this] { UpdateChangeState(); });
     connect(ui->SelModel, &QComboBox::currentIndexChanged, this, [this] { UpdateChangeState(); });
     connect(ui->SelOwner, &QComboBox::currentIndexChanged, this, [this] { UpdateChangeState(); });
     connect(ui->cmdAddBoat, &QPushButton::clicked, this,
-            act("BoatDetail.cmdAddBoat", [this] { return AddBoat(); }));
+            [this] { RunTrapped("BoatDetail.cmdAddBoat", [this] { return AddBoat(); }); });
     connect(ui->cmdOK, &QPushButton::clicked, this, [this] {
         SaveBoat();
         UpdateChangeState();
     });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmBoatDetail::reject);
     connect(ui->cmdRemove, &QPushButton::clicked, this,
-            act("BoatDetail.cmdRemove", [this] { return RemoveBoat(); }));
+            [this] { RunTrapped("BoatDetail.cmdRemove", [this] { return RemoveBoat(); }); });
     connect(ui->cmdAddModel, &QPushButton::clicked, this,
-            act("BoatDetail.cmdAddModel", [this] { return EditModel(-1); }));
-    connect(ui->cmdEditModel, &QPushButton::clicked, this, act("BoatDetail.cmdEditModel", [this] {
-                if (ui->SelModel->currentIndex() < 0)
-                    return std::string("I-No model is selected");
-                return EditModel(ChosenId(ui->SelModel));
-            }));
+            [this] { RunTrapped("BoatDetail.cmdAddModel", [this] { return EditModel(-1); }); });
+    connect(ui->cmdEditModel, &QPushButton::clicked, this, [this] {
+        RunTrapped("BoatDetail.cmdEditModel", [this] {
+            if (ui->SelModel->currentIndex() < 0)
+                return std::string("I-No model is selected");
+            return EditModel(ChosenId(ui->SelModel));
+        });
+    });
     connect(ui->cmdRemoveModel, &QPushButton::clicked, this,
-            act("BoatDetail.cmdRemoveModel", [this] { return RemoveModel(); }));
+            [this] { RunTrapped("BoatDetail.cmdRemoveModel", [this] { return RemoveModel(); }); });
     connect(ui->cmdAddOwner, &QPushButton::clicked, this,
-            act("BoatDetail.cmdAddOwner", [this] { return AddOwner(); }));
-    connect(ui->cmdAddHC, &QPushButton::clicked, this,
-            act("BoatDetail.cmdAddHC", [this] { return OpenHandicap(false, 0); }));
-    connect(ui->cmdEditHC, &QPushButton::clicked, this,
-            act("BoatDetail.cmdEditHC", [this] { return OpenHandicap(true, 1); }));
-    connect(ui->cmdReviseHC, &QPushButton::clicked, this,
-            act("BoatDetail.cmdReviseHC", [this] { return OpenHandicap(true, -1); }));
+            [this] { RunTrapped("BoatDetail.cmdAddOwner", [this] { return AddOwner(); }); });
+    connect(ui->cmdAddHC, &QPushButton::clicked, this, [this] {
+        RunTrapped("BoatDetail.cmdAddHC", [this] { return OpenHandicap(false, 0); });
+    });
+    connect(ui->cmdEditHC, &QPushButton::clicked, this, [this] {
+        RunTrapped("BoatDetail.cmdEditHC", [this] { return OpenHandicap(true, 1); });
+    });
+    connect(ui->cmdReviseHC, &QPushButton::clicked, this, [this] {
+        RunTrapped("BoatDetail.cmdReviseHC", [this] { return OpenHandicap(true, -1); });
+    });
     connect(ui->ListModels, &QPushButton::clicked, this,
-            act("BoatDetail.ListModels", [this] { return ListBoatsOfModel(); }));
-    connect(ui->ListSeries, &QPushButton::clicked, this,
-            act("BoatDetail.ListSeries", [this] { return ListSeriesEntered(); }));
+            [this] { RunTrapped("BoatDetail.ListModels", [this] { return ListBoatsOfModel(); }); });
+    connect(ui->ListSeries, &QPushButton::clicked, this, [this] {
+        RunTrapped("BoatDetail.ListSeries", [this] { return ListSeriesEntered(); });
+    });
 
-    ShowMessage(Trap("BoatDetail.Load", [this, SelectedId] { return Load(SelectedId); }));
+    RunTrapped("BoatDetail.Load", [this, SelectedId] { return Load(SelectedId); });
 }
 
 frmBoatDetail::~frmBoatDetail() = default;
-
-bool frmBoatDetail::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Boats");
-    return QDialog::event(e);
-}
 
 bool frmBoatDetail::eventFilter(QObject* watched, QEvent* e) {
     if (watched == ui->SelBoat && e->type() == QEvent::FocusOut)
@@ -225,7 +224,7 @@ void frmBoatDetail::BoatChosen() {
     const int chosen = ChosenId(ui->SelBoat);
     AskSave();
     ChooseById(ui->SelBoat, chosen);
-    ShowMessage(Trap("BoatDetail.ShowBoat", [this] { return ShowBoat(); }));
+    RunTrapped("BoatDetail.ShowBoat", [this] { return ShowBoat(); });
 }
 
 std::string frmBoatDetail::ShowBoat() {

@@ -38,7 +38,6 @@ public:
     void reject() override;
 
 protected:
-    bool event(QEvent* e) override;
     bool eventFilter(QObject* watched, QEvent* e) override;
 
 private:

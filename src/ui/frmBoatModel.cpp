@@ -20,19 +20,14 @@ frmBoatModel::frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved mode
       ModelId(SelectedId),
       modelSaved(std::move(modelSaved)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Boats");
     connect(ui->cmdOK, &QPushButton::clicked, this,
-            [this] { ShowMessage(Trap("BoatModel.cmdOK", [this] { return SaveModel(); })); });
+            [this] { RunTrapped("BoatModel.cmdOK", [this] { return SaveModel(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    ShowMessage(Trap("BoatModel.Load", [this] { return Load(); }));
+    RunTrapped("BoatModel.Load", [this] { return Load(); });
 }
 
 frmBoatModel::~frmBoatModel() = default;
-
-bool frmBoatModel::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Boats");
-    return QDialog::event(e);
-}
 
 std::string frmBoatModel::Load() {
     if (ModelId == -1)

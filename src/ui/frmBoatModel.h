@@ -24,8 +24,6 @@ public:
     ~frmBoatModel() override;
 
 protected:
-    bool event(QEvent* e) override;
-
 private:
     std::string Load();
     std::string SaveModel();

@@ -5,6 +5,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/frmSeries.h"
 #include "ui_frmClassDetail.h"
 
@@ -18,9 +19,10 @@ frmClassDetail::frmClassDetail(frmSeries& seriesWindow)
     // Room for a long name without scrolling.
     ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
     ui->SelHandicap->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmClassDetail::OK);
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("ClassDetail.cmdOK", [this] { OK(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    Load();
+    RunTrapped("ClassDetail.Load", [this] { Load(); });
 }
 
 frmClassDetail::~frmClassDetail() = default;

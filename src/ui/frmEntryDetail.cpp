@@ -10,6 +10,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
 #include "ui/ListLines.h"
 #include "ui/frmBoatDetail.h"
@@ -43,6 +44,7 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
       ResultsDb(resultsDb),
       SeriesId(seriesId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Entries");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (QWidget* w : std::initializer_list<QWidget*>{ui->SelEntry, ui->SelEntrant, ui->SelClass,
                                                       ui->listSchedule, ui->lRaceColumns})
@@ -79,12 +81,18 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
         connect(types[k], &QRadioButton::clicked, this, [this, k] { EntrantTypeChosen(k); });
     ui->SelEntry->installEventFilter(this);
 
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmEntryDetail::OK);
-    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmEntryDetail::Cancel);
-    connect(ui->cmdRemove, &QPushButton::clicked, this, &frmEntryDetail::RemoveEntry);
-    connect(ui->cmdEdit, &QPushButton::clicked, this, &frmEntryDetail::EditBoat);
-    connect(ui->cmdAdd, &QPushButton::clicked, this, &frmEntryDetail::AddBoat);
-    connect(ui->Command1, &QPushButton::clicked, this, &frmEntryDetail::AssignByClassSplit);
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("EntryDetail.cmdOK", [this] { OK(); }); });
+    connect(ui->cmdCancel, &QPushButton::clicked, this,
+            [this] { RunTrapped("EntryDetail.cmdCancel", [this] { Cancel(); }); });
+    connect(ui->cmdRemove, &QPushButton::clicked, this,
+            [this] { RunTrapped("EntryDetail.cmdRemove", [this] { RemoveEntry(); }); });
+    connect(ui->cmdEdit, &QPushButton::clicked, this,
+            [this] { RunTrapped("EntryDetail.cmdEdit", [this] { EditBoat(); }); });
+    connect(ui->cmdAdd, &QPushButton::clicked, this,
+            [this] { RunTrapped("EntryDetail.cmdAdd", [this] { AddBoat(); }); });
+    connect(ui->Command1, &QPushButton::clicked, this,
+            [this] { RunTrapped("EntryDetail.Command1", [this] { AssignByClassSplit(); }); });
 
     RowSet series;
     std::string Msg = ResultsDb.GetSeriesDetails(SeriesId, series);
@@ -98,12 +106,6 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
 }
 
 frmEntryDetail::~frmEntryDetail() = default;
-
-void frmEntryDetail::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        SetHelpFile("Entries");
-    QDialog::changeEvent(event);
-}
 
 bool frmEntryDetail::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui->SelEntry && event->type() == QEvent::FocusOut)

@@ -28,7 +28,6 @@ public:
     std::string ShowPeople(int PersonId);
 
 protected:
-    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public slots:

@@ -30,20 +30,14 @@ frmHandicapDetail::frmHandicapDetail(clResults& ResultsDb, int BoatId, int Reque
       Request(Request),
       handicapSaved(std::move(handicapSaved)) {
     ui->setupUi(this);
-    connect(ui->cmdOK, &QPushButton::clicked, this, [this] {
-        ShowMessage(Trap("HandicapDetail.cmdOK", [this] { return SaveHandicap(); }));
-    });
+    SetHelpOnActivation(this, "Boats");
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("HandicapDetail.cmdOK", [this] { return SaveHandicap(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    ShowMessage(Trap("HandicapDetail.Load", [this] { return Load(); }));
+    RunTrapped("HandicapDetail.Load", [this] { return Load(); });
 }
 
 frmHandicapDetail::~frmHandicapDetail() = default;
-
-bool frmHandicapDetail::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Boats");
-    return QDialog::event(e);
-}
 
 std::string frmHandicapDetail::Load() {
     RowSet boat;

@@ -25,8 +25,6 @@ public:
     ~frmHandicapDetail() override;
 
 protected:
-    bool event(QEvent* e) override;
-
 private:
     std::string Load();
     std::string SaveHandicap();

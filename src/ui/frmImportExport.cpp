@@ -111,16 +111,16 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
     resize(900, 560);
 
     const auto trapped = [this](const char* location, std::string (frmImportExport::*step)()) {
-        return [this, location, step] {
-            ShowMessage(Trap(location, [&] { return (this->*step)(); }));
-        };
+        return [this, location, step] { RunTrapped(location, [&] { return (this->*step)(); }); };
     };
-    connect(SelKind, &QComboBox::currentIndexChanged, this, &frmImportExport::KindChosen);
+    connect(SelKind, &QComboBox::currentIndexChanged, this,
+            [this] { RunTrapped("ImportExport.SelKind", [this] { KindChosen(); }); });
     connect(tFile, &QLineEdit::returnPressed, this,
             trapped("ImportExport.Preview", &frmImportExport::Preview));
     connect(cUpdate, &QCheckBox::toggled, this,
             trapped("ImportExport.Preview", &frmImportExport::Preview));
-    connect(cmdBrowse, &QPushButton::clicked, this, &frmImportExport::Browse);
+    connect(cmdBrowse, &QPushButton::clicked, this,
+            [this] { RunTrapped("ImportExport.cmdBrowse", [this] { Browse(); }); });
     connect(cmdImport, &QPushButton::clicked, this,
             trapped("ImportExport.Import", &frmImportExport::Import));
     connect(cmdExport, &QPushButton::clicked, this,
@@ -136,7 +136,7 @@ void frmImportExport::KindChosen() {
         field->setEnabled(readable);
     cUpdate->setEnabled(IsRegisterKind(kind));
     cmdExport->setEnabled(kind != CsvKind::Finishes);
-    ShowMessage(Trap("ImportExport.Preview", [this] { return Preview(); }));
+    RunTrapped("ImportExport.Preview", [this] { return Preview(); });
 }
 
 void frmImportExport::Browse() {
@@ -145,7 +145,7 @@ void frmImportExport::Browse() {
     if (file.isEmpty())
         return;
     tFile->setText(file);
-    ShowMessage(Trap("ImportExport.Preview", [this] { return Preview(); }));
+    RunTrapped("ImportExport.Preview", [this] { return Preview(); });
 }
 
 std::string frmImportExport::Preview() {

@@ -35,13 +35,20 @@ void StoreIfChanged(const char* key, const std::string& path) {
 frmOptions::frmOptions(clResults& results, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(results) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Options");
     KeepTypedName(ui->SelHCs);
-    connect(ui->SelHCs, &QComboBox::currentIndexChanged, this, &frmOptions::SelHCs_Click);
-    connect(ui->AddHCs, &QPushButton::clicked, this, &frmOptions::AddHCs_Click);
-    connect(ui->cmdRemove, &QPushButton::clicked, this, &frmOptions::cmdRemove_Click);
-    connect(ui->ListModels, &QLabel::linkActivated, this, &frmOptions::ListModels_Click);
-    connect(ui->ListSeries, &QLabel::linkActivated, this, &frmOptions::ListSeries_Click);
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmOptions::cmdOK_Click);
+    connect(ui->SelHCs, &QComboBox::currentIndexChanged, this,
+            [this](int index) { RunTrapped("Options.SelHCs", [&] { SelHCs_Click(index); }); });
+    connect(ui->AddHCs, &QPushButton::clicked, this,
+            [this] { RunTrapped("Options.AddHCs", [this] { AddHCs_Click(); }); });
+    connect(ui->cmdRemove, &QPushButton::clicked, this,
+            [this] { RunTrapped("Options.cmdRemove", [this] { cmdRemove_Click(); }); });
+    connect(ui->ListModels, &QLabel::linkActivated, this,
+            [this] { RunTrapped("Options.ListModels", [this] { ListModels_Click(); }); });
+    connect(ui->ListSeries, &QLabel::linkActivated, this,
+            [this] { RunTrapped("Options.ListSeries", [this] { ListSeries_Click(); }); });
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("Options.cmdOK", [this] { cmdOK_Click(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     Load();
 }
@@ -52,7 +59,6 @@ frmOptions::~frmOptions() {
 }
 
 void frmOptions::showEvent(QShowEvent* event) {
-    SetHelpFile(QStringLiteral("Options"));
     std::string Version;
     const std::string Msg = ResultsDb.GetSetting("Version", Version);
     ui->lInfo->setText(QStringLiteral("Build 27b (05-Nov-09) Schema ") +

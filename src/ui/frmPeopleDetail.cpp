@@ -23,15 +23,13 @@ frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdde
       ResultsDb(ResultsDb),
       ownerAdded(std::move(ownerAdded)) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "People");
     // Enter in the list searches by the typed start of the family name; the list offers no
     // completion of its own, so the typed text is what the search sees.
     ui->SelPerson->setCompleter(nullptr);
     ui->SelPerson->installEventFilter(this);
     ui->SelPerson->lineEdit()->installEventFilter(this);
 
-    const auto act = [this](const char* location, std::function<std::string()> body) {
-        return [this, location, body] { ShowMessage(Trap(location, body)); };
-    };
     connect(ui->SelPerson, &QComboBox::currentIndexChanged, this, [this] { PersonChosen(); });
     for (QLineEdit* field :
          {ui->tTitle, ui->tForename, ui->tSurname, ui->tAddr1, ui->tAddr2, ui->tCity, ui->tPostcode,
@@ -39,35 +37,30 @@ frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdde
         connect(field, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
     connect(ui->cMember, &QCheckBox::clicked, this, [this] { SetChanged(true); });
     connect(ui->cmdAdd, &QPushButton::clicked, this,
-            act("PeopleDetail.cmdAdd", [this] { return AddPerson(); }));
+            [this] { RunTrapped("PeopleDetail.cmdAdd", [this] { return AddPerson(); }); });
     connect(ui->cmdOK, &QPushButton::clicked, this, [this] { SavePerson(); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmPeopleDetail::reject);
     connect(ui->cmdRemove, &QPushButton::clicked, this,
-            act("PeopleDetail.cmdRemove", [this] { return RemovePerson(); }));
-    connect(ui->ListSeries, &QPushButton::clicked, this,
-            act("PeopleDetail.ListSeries", [this] { return ListSeriesEntered(); }));
+            [this] { RunTrapped("PeopleDetail.cmdRemove", [this] { return RemovePerson(); }); });
+    connect(ui->ListSeries, &QPushButton::clicked, this, [this] {
+        RunTrapped("PeopleDetail.ListSeries", [this] { return ListSeriesEntered(); });
+    });
     connect(ui->ListBoats, &QPushButton::clicked, this,
-            act("PeopleDetail.ListBoats", [this] { return ListBoatsOwned(); }));
+            [this] { RunTrapped("PeopleDetail.ListBoats", [this] { return ListBoatsOwned(); }); });
 
     ListPeople(0);
     if (SelectedId == -1)
-        ShowMessage(Trap("PeopleDetail.Load", [this] { return AddPerson(); }));
+        RunTrapped("PeopleDetail.Load", [this] { return AddPerson(); });
 }
 
 frmPeopleDetail::~frmPeopleDetail() = default;
-
-bool frmPeopleDetail::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("People");
-    return QDialog::event(e);
-}
 
 bool frmPeopleDetail::eventFilter(QObject* watched, QEvent* e) {
     const bool inList = watched == ui->SelPerson || watched == ui->SelPerson->lineEdit();
     if (inList && e->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(e)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            ShowMessage(Trap("PeopleDetail.SearchPerson", [this] { return SearchPerson(); }));
+            RunTrapped("PeopleDetail.SearchPerson", [this] { return SearchPerson(); });
             return true;
         }
     }

@@ -3,6 +3,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/frmSeries.h"
 #include "ui_frmRaceDetail.h"
 
@@ -15,9 +16,10 @@ frmRaceDetail::frmRaceDetail(frmSeries& seriesWindow)
     ui->setupUi(this);
     // Room for a long name without scrolling.
     ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmRaceDetail::OK);
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("RaceDetail.cmdOK", [this] { OK(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    Load();
+    RunTrapped("RaceDetail.Load", [this] { Load(); });
 }
 
 frmRaceDetail::~frmRaceDetail() = default;

@@ -6,6 +6,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
 #include "ui/ReportViewer.h"
 #include "ui_frmReport.h"
@@ -36,22 +37,20 @@ frmReport::frmReport(clResults& results, int seriesId, int raceId, ReportViewer&
       raceId(raceId),
       seriesId(seriesId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Reports");
     for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
         rReport[kind] = findChild<QRadioButton*>(QStringLiteral("rReport_%1").arg(kind));
         connect(rReport[kind], &QRadioButton::clicked, this, [this, kind] { rReport_Click(kind); });
     }
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmReport::cmdOK_Click);
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("Report.cmdOK", [this] { cmdOK_Click(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui->SelAction, &QListWidget::itemDoubleClicked, this, &frmReport::cmdOK_Click);
+    connect(ui->SelAction, &QListWidget::itemDoubleClicked, this,
+            [this] { RunTrapped("Report.SelAction", [this] { cmdOK_Click(); }); });
     Load();
 }
 
 frmReport::~frmReport() = default;
-
-void frmReport::showEvent(QShowEvent* event) {
-    SetHelpFile(QStringLiteral("Reports"));
-    QDialog::showEvent(event);
-}
 
 void frmReport::Load() {
     const ReportMenuTable& menu = ResultsDb.ReportMenu();

@@ -24,8 +24,6 @@ public:
     ~frmReport() override;
 
 protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void Load();
     void rReport_Click(int kind);

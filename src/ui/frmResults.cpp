@@ -67,6 +67,7 @@ frmResults::frmResults(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* 
       SeriesId(SeriesId),
       RaceId(RaceId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Results");
     rFinish = new QButtonGroup(this);
     rFinish->addButton(ui->rFinish_0, 0);
     rFinish->addButton(ui->rFinish_1, 1);
@@ -119,12 +120,6 @@ frmResults::frmResults(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* 
 }
 
 frmResults::~frmResults() = default;
-
-bool frmResults::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Results");
-    return QDialog::event(e);
-}
 
 void frmResults::keyPressEvent(QKeyEvent* e) {
     if (!IsEnterKey(e))
@@ -206,7 +201,6 @@ void frmResults::CheckStartTimes() {
 void frmResults::OpenStartTimes() {
     frmStartTimes window(ResultsDb, SeriesId, RaceId, this);
     window.exec();
-    SetHelpFile("Results");
     // The shown boat's class may have just been started: the offered hour depends on it.
     if (EntrantId != 0) {
         RowSet start;
@@ -261,7 +255,6 @@ void frmResults::EntryEnter() {
             Beep();
             frmSelectBoat picker(Matches, this);
             picker.exec();
-            SetHelpFile("Results");
             const int chosen =
                 ui->SelEntry->findData(QVariant::fromValue<qlonglong>(picker.ChosenEntrant()));
             if (chosen >= 0)

@@ -51,6 +51,7 @@ std::string SeriesLines(const RowSet& series) {
 frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmScoring>()), ResultsDb(ResultsDb) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Scoring");
     for (std::size_t k = 0; k < tValue.size(); ++k)
         tValue[k] = findChild<QLineEdit*>(QString("tValue_%1").arg(k));
     for (std::size_t i = 0; i < tRun.size(); ++i) {
@@ -64,13 +65,10 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
         base->addItem("No of starters", 1);
     }
 
-    const auto act = [this](const char* location, std::function<std::string()> body) {
-        return [this, location, body] { ShowMessage(Trap(location, body)); };
-    };
     connect(ui->SelScoring, &QComboBox::activated, this,
-            act("Scoring.SelScoring", [this] { return ShowScoring(); }));
+            [this] { RunTrapped("Scoring.SelScoring", [this] { return ShowScoring(); }); });
     connect(ui->SelDiscards, &QComboBox::activated, this,
-            act("Scoring.SelDiscards", [this] { return ShowDiscards(); }));
+            [this] { RunTrapped("Scoring.SelDiscards", [this] { return ShowDiscards(); }); });
     connect(ui->cmdAddScoring, &QPushButton::clicked, this, [this] {
         ui->SelScoring->setCurrentIndex(-1);
         ui->SelScoring->setFocus();
@@ -82,27 +80,23 @@ frmScoring::frmScoring(clResults& ResultsDb, QWidget* parent)
         DiscardId = 0;
     });
     connect(ui->cmdOK, &QPushButton::clicked, this,
-            act("Scoring.cmdOK", [this] { return Save(); }));
+            [this] { RunTrapped("Scoring.cmdOK", [this] { return Save(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->cmdRemove, &QPushButton::clicked, this,
-            act("Scoring.cmdRemove", [this] { return RemoveScoring(); }));
+            [this] { RunTrapped("Scoring.cmdRemove", [this] { return RemoveScoring(); }); });
     connect(ui->cmdRemoveDis, &QPushButton::clicked, this,
-            act("Scoring.cmdRemoveDis", [this] { return RemoveDiscardRule(); }));
-    connect(ui->ListSeries, &QLabel::linkActivated, this,
-            act("Scoring.ListSeries", [this] { return ListSeriesUsingScoring(); }));
-    connect(ui->Label11, &QLabel::linkActivated, this,
-            act("Scoring.Label11", [this] { return ListSeriesUsingDiscardRule(); }));
+            [this] { RunTrapped("Scoring.cmdRemoveDis", [this] { return RemoveDiscardRule(); }); });
+    connect(ui->ListSeries, &QLabel::linkActivated, this, [this] {
+        RunTrapped("Scoring.ListSeries", [this] { return ListSeriesUsingScoring(); });
+    });
+    connect(ui->Label11, &QLabel::linkActivated, this, [this] {
+        RunTrapped("Scoring.Label11", [this] { return ListSeriesUsingDiscardRule(); });
+    });
 
-    ShowMessage(Trap("Scoring.Load", [this] { return Load(); }));
+    RunTrapped("Scoring.Load", [this] { return Load(); });
 }
 
 frmScoring::~frmScoring() = default;
-
-bool frmScoring::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Scoring");
-    return QDialog::event(e);
-}
 
 std::string frmScoring::Load() {
     std::string Msg = ListScoring();

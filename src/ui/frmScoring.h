@@ -23,8 +23,6 @@ public:
     ~frmScoring() override;
 
 protected:
-    bool event(QEvent* e) override;
-
 private:
     std::string Load();
     std::string ListScoring();

@@ -25,6 +25,7 @@ std::string BoatLine(const std::string& boat, const std::string& sailNo, const s
 frmSelectBoat::frmSelectBoat(const RowSet& Matches, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmSelectBoat>()) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Results");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     ui->SelBoat->setFont(fixed);
     ui->lHeadings->setFont(fixed);
@@ -37,12 +38,6 @@ frmSelectBoat::frmSelectBoat(const RowSet& Matches, QWidget* parent)
 }
 
 frmSelectBoat::~frmSelectBoat() = default;
-
-bool frmSelectBoat::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Results");
-    return QDialog::event(e);
-}
 
 void frmSelectBoat::keyPressEvent(QKeyEvent* e) {
     if (focusWidget() == ui->SelBoat && (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)) {

@@ -24,7 +24,6 @@ public:
     int ChosenEntrant() const { return EntrantId; }
 
 protected:
-    bool event(QEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
 
 private:

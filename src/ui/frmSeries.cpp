@@ -9,6 +9,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
 #include "ui/ListLines.h"
 #include "ui/frmClassDetail.h"
@@ -35,6 +36,7 @@ frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
       ResultsDb_(resultsDb),
       SeriesId_(seriesId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Series");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (QWidget* w :
          {static_cast<QWidget*>(ui->listSchedule), static_cast<QWidget*>(ui->listClassSplits),
@@ -58,29 +60,35 @@ frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
     }
     ui->listSchedule->installEventFilter(this);
 
-    connect(ui->cmdOK, &QPushButton::clicked, this, &frmSeries::OK);
-    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmSeries::Cancel);
-    connect(ui->cmdAddSeries, &QPushButton::clicked, this, &frmSeries::AddSeries);
-    connect(ui->cmdRemoveSeries, &QPushButton::clicked, this, &frmSeries::RemoveSeries);
-    connect(ui->cmdAddSchedule, &QPushButton::clicked, this, &frmSeries::AddRace);
-    connect(ui->cmdEditSchedule, &QPushButton::clicked, this, &frmSeries::EditRace);
-    connect(ui->cmdRemove, &QPushButton::clicked, this, &frmSeries::RemoveRace);
-    connect(ui->cmdAddClassSplit, &QPushButton::clicked, this, &frmSeries::AddClass);
-    connect(ui->cEditClassSplit, &QPushButton::clicked, this, &frmSeries::EditClass);
-    connect(ui->cmdRemoveClass, &QPushButton::clicked, this, &frmSeries::RemoveClass);
-    connect(ui->listSchedule, &QListWidget::itemDoubleClicked, this, &frmSeries::EditRace);
-    connect(ui->listClassSplits, &QListWidget::itemDoubleClicked, this, &frmSeries::EditClass);
+    connect(ui->cmdOK, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdOK", [this] { OK(); }); });
+    connect(ui->cmdCancel, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdCancel", [this] { Cancel(); }); });
+    connect(ui->cmdAddSeries, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdAddSeries", [this] { AddSeries(); }); });
+    connect(ui->cmdRemoveSeries, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdRemoveSeries", [this] { RemoveSeries(); }); });
+    connect(ui->cmdAddSchedule, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdAddSchedule", [this] { AddRace(); }); });
+    connect(ui->cmdEditSchedule, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdEditSchedule", [this] { EditRace(); }); });
+    connect(ui->cmdRemove, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdRemove", [this] { RemoveRace(); }); });
+    connect(ui->cmdAddClassSplit, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdAddClassSplit", [this] { AddClass(); }); });
+    connect(ui->cEditClassSplit, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cEditClassSplit", [this] { EditClass(); }); });
+    connect(ui->cmdRemoveClass, &QPushButton::clicked, this,
+            [this] { RunTrapped("Series.cmdRemoveClass", [this] { RemoveClass(); }); });
+    connect(ui->listSchedule, &QListWidget::itemDoubleClicked, this,
+            [this] { RunTrapped("Series.listSchedule", [this] { EditRace(); }); });
+    connect(ui->listClassSplits, &QListWidget::itemDoubleClicked, this,
+            [this] { RunTrapped("Series.listClassSplits", [this] { EditClass(); }); });
 
     ShowDetails();
 }
 
 frmSeries::~frmSeries() = default;
-
-void frmSeries::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        SetHelpFile("Series");
-    QDialog::changeEvent(event);
-}
 
 bool frmSeries::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui->listSchedule && event->type() == QEvent::FocusOut)

@@ -36,6 +36,7 @@ frmStartTimes::frmStartTimes(clResults& ResultsDb, int SeriesId, int RaceId, QWi
       SeriesId(SeriesId),
       RaceId(RaceId) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Results");
     connect(ui->tTime, &QLineEdit::returnPressed, this, [this] { ui->cmdOK->setFocus(); });
     connect(ui->cmdOK, &QPushButton::clicked, this,
             [this] { RunTrapped("StartTimes.cmdOK", [this] { Save(); }); });
@@ -55,12 +56,6 @@ frmStartTimes::frmStartTimes(clResults& ResultsDb, int SeriesId, int RaceId, QWi
 }
 
 frmStartTimes::~frmStartTimes() = default;
-
-bool frmStartTimes::event(QEvent* e) {
-    if (e->type() == QEvent::WindowActivate)
-        SetHelpFile("Results");
-    return QDialog::event(e);
-}
 
 void frmStartTimes::reject() {
     if (Changed && AskYesNo("Do you want to save the changes?", "Tallyboard"))

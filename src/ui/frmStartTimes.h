@@ -27,7 +27,6 @@ public:
     void reject() override;
 
 protected:
-    bool event(QEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
 
 private:

@@ -58,6 +58,7 @@ void SelectAsUser(QComboBox* list, int index) {
 frmMain::frmMain(ReportViewer& viewer, QWidget* parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()), viewer(viewer) {
     ui->setupUi(this);
+    SetHelpOnActivation(this, "Tallyboard help");
     connect(ui->SelYear, &QComboBox::currentIndexChanged, this, &frmMain::SelYear_Click);
     connect(ui->SelSeries, &QComboBox::currentIndexChanged, this, &frmMain::SelSeries_Click);
     connect(ui->SelRace, &QComboBox::currentIndexChanged, this, &frmMain::SelRace_Click);
@@ -107,7 +108,6 @@ void frmMain::showEvent(QShowEvent* event) {
 }
 
 void frmMain::Activate() {
-    SetHelpFile(QStringLiteral("Tallyboard help"));
     std::string Msg = GetYear();
     if (Msg.empty())
         Msg = GetSeries();

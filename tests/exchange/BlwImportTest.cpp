@@ -1,0 +1,208 @@
+// Series brought across from another scoring program's .blw files: the project's own small files
+// for every mapping, the faults a file can have, and real club files scored again here.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "data/Conversions.h"
+#include "exchange/BlwImport.h"
+#include "support/Checks.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+
+namespace tb {
+namespace {
+
+const std::string kData = std::string(TALLYBOARD_TEST_DATA) + "/blw/";
+
+std::string FileText(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+// Everything an import writes, one line a record, in an order that does not depend on Ids.
+constexpr const char* kImported[] = {
+    "SELECT Title || ' | ' || RaceName || ' | ' || RaceDate FROM Series JOIN Schedule "
+    "ON Series.Id = Schedule.Series ORDER BY Series.Id, Schedule.Id",
+    "SELECT Class.Series || ' | ' || ClassName || ' | ' || Description FROM Class JOIN "
+    "HandicapType ON HandicapType.Id = Class.HandicapType ORDER BY Class.Id",
+    "SELECT Class.Series || ' | ' || RaceName || ' | ' || ClassName || ' | ' || "
+    "ifnull(StartTime, '-') FROM Start JOIN Class ON Class.Id = Start.Class JOIN Schedule ON "
+    "Schedule.Id = Start.Schedule ORDER BY Start.Schedule, Class.Id",
+    "SELECT BoatName || ' | ' || FullSailNo || ' | ' || SailNo || ' | ' || Model || ' | ' || "
+    "Firstname || '/' || Lastname FROM Boat JOIN BoatType ON BoatType.Id = Boat.BoatType JOIN "
+    "People ON People.Id = Boat.Owner ORDER BY Boat.Id",
+    "SELECT BoatName || ' | ' || Description || ' | ' || printf('%.6f', Handicap) || ' | ' || "
+    "EffectiveFrom || ' | ' || ifnull(Expires, '-') FROM Handicap JOIN Boat ON Boat.Id = "
+    "Handicap.Boat JOIN HandicapType ON HandicapType.Id = Handicap.HandicapType ORDER BY "
+    "Handicap.Id",
+    "SELECT Entrant.Series || ' | ' || BoatName || ' | ' || ClassName || ' | ' || EntrantType || "
+    "' | ' || EntryDate || ' | ' || (SELECT count(*) FROM EntryList WHERE Entrant = Entrant.Id) "
+    "FROM Entrant JOIN Boat ON Boat.Id = Entrant.Boat JOIN Class ON Class.Id = Entrant.Class "
+    "ORDER BY Entrant.Id",
+    "SELECT RaceName || ' | ' || BoatName || ' | ' || ifnull(FinishTime, '-') || ' | ' || Code "
+    "FROM Results JOIN Schedule ON Schedule.Id = Results.Schedule JOIN Entrant ON Entrant.Id = "
+    "Results.Entrant JOIN Boat ON Boat.Id = Entrant.Boat JOIN Status ON Status.Id = "
+    "Results.Status ORDER BY Results.Id",
+    "SELECT Description || ' | ' || Status || ' | ' || ifnull(Place, '-') || ' | ' || "
+    "ifnull(Base, '-') || ' | ' || Value || ' | ' || ifnull(MinValue, '-') FROM Points JOIN "
+    "Scoring ON Scoring.Id = Points.Scoring WHERE Scoring.Id > 1 ORDER BY Status, Place",
+    "SELECT Description || ' | ' || ifnull(RacesRun, '-') || ' | ' || ifnull(Discards, '-') "
+    "FROM Discards JOIN DiscardSystem ON DiscardSystem.Id = DiscardSystem WHERE "
+    "DiscardSystem.Id > 1 ORDER BY Discards.rowid",
+};
+
+std::string Imported(test::TestDatabase& db) {
+    std::string text;
+    for (const char* sql : kImported) {
+        SQLite::Statement query(db.raw(), sql);
+        while (query.executeStep())
+            text += query.getColumn(0).getString() + "\n";
+        text += "--\n";
+    }
+    return text;
+}
+
+// Codes, ratings (Portsmouth, TCF, per-race progressive and places only), the date forms, guns
+// with and without selectors, the discard list, aliases, excluded competitors and leftovers.
+TEST(BlwImport, BringsTheSeasonAcrossAsTheFileHasIt) {
+    test::TestDatabase db;
+    clResults results;
+    std::string summary;
+    ASSERT_EQ(ImportSeriesFile(results, kData + "season.blw", summary), "");
+    EXPECT_EQ(summary + "==\n" + Imported(db), FileText(test::GoldenFile("blw-season.txt")));
+}
+
+TEST(BlwImport, AFaultyFileNamesItsRowAndWritesNothing) {
+    std::istringstream faults(FileText(test::GoldenFile("blw-faults.txt")));
+    for (std::string line; std::getline(faults, line);) {
+        const std::string file = line.substr(0, line.find('\t'));
+        SCOPED_TRACE(file);
+        test::TestDatabase db;
+        clResults results;
+        std::string summary;
+        EXPECT_EQ(ImportSeriesFile(results, kData + file, summary), line.substr(file.size() + 1));
+        EXPECT_EQ(db.Count("Series") + db.Count("Boat") + db.Count("People") + db.Count("Scoring"),
+                  1);
+    }
+}
+
+TEST(BlwImport, ReadsDatesAndTimesAsOtherProgramsWriteThem) {
+    struct Row {
+        const char* text;
+        const char* order;
+        bool leading;
+        const char* date;
+    } rows[] = {
+        {"07-05-26", "d-m-y", false, "07/05/2026"},
+        {"04-01-2026", "m-d-y", false, "01/04/2026"},
+        {"2026-05-07", "d/m/y", false, "07/05/2026"},
+        {"Jan 18", "d/m/y", false, "18/01/2025"},
+        {"1st Feb", "m/d/y", false, "01/02/2025"},
+        {"6th May 2024", "d/m/y", false, "06/05/2024"},
+        {"5-20 R1", "m/d/y", true, "20/05/2025"},
+        {"R1", "d/m/y", true, "-"},
+        {"31/02/2026", "d/m/y", false, "-"},
+        {"", "d/m/y", false, "-"},
+    };
+    for (const Row& row : rows) {
+        const auto date = ParseLooseDate(row.text, row.order, 2025, row.leading);
+        EXPECT_EQ(date ? FormatDate(*date, "dd/mm/yyyy") : "-", row.date) << row.text;
+    }
+    struct Time {
+        const char* text;
+        long long seconds;
+    } times[] = {{"10.58.20", 39500}, {"105820", 39500}, {"10:58:20", 39500},
+                 {"0:41:00", 2460},   {"10:58", 39480},  {"10:7x:00", -1},
+                 {"24:00:00", -1},    {"1058", -1},      {"10:60:00", -1}};
+    for (const Time& time : times)
+        EXPECT_EQ(ParseClockTime(time.text).value_or(-1), time.seconds) << time.text;
+}
+
+const std::string kSamples = std::string(TALLYBOARD_SAMPLES) + "/blw/";
+
+// The dinghy series scored again here: every finisher of the Portsmouth fleet has the file's
+// elapsed and corrected times and place, the places-only fleet its recorded places. A second
+// import makes a second series and adds no one to the register.
+TEST(BlwSamples, DinghySeriesScoresAsTheFileRecords) {
+    test::TestDatabase db;
+    test::RecordingMessages messages;
+    clResults results;
+    std::string summary;
+    ASSERT_EQ(ImportSeriesFile(results, kSamples + "dinghies-series.blw", summary), "");
+    blw::SeriesFile file;
+    ASSERT_EQ(blw::ReadSeriesFile(FileText(kSamples + "dinghies-series.blw"), file), "");
+    std::map<std::string, std::string> sailNoOf, fleetOf;
+    for (const blw::Competitor& comp : file.competitors) {
+        sailNoOf[comp.handle] = blw::Text(comp.fields, "compsailno");
+        fleetOf[comp.handle] = blw::Text(comp.fields, "compfleet");
+    }
+    int compared = 0;
+    for (int race = 1; race <= 2; ++race) {
+        RowSet problems, classRows, boatRows;
+        ASSERT_EQ(results.ComputeResultTimes(race, problems), "");
+        ASSERT_EQ(results.ComputePoints(race, 0), "");
+        ASSERT_EQ(results.GetRaceResults(race, 0, classRows, boatRows), "");
+        std::map<std::string, std::string> shown;
+        for (std::size_t r = 0; r < boatRows.Rows(); ++r)
+            shown[boatRows(3, r).ToText()] = boatRows(7, r).ToText() + " " +
+                                             boatRows(8, r).ToText() + " " +
+                                             boatRows(11, r).ToText();
+        for (const auto& [key, cell] : file.cells) {
+            if (key.second != std::to_string(race) ||
+                !(blw::Text(cell, "rrestyp") == "4" || blw::Text(cell, "rrestyp") == "1"))
+                continue;
+            const bool timed = fleetOf[key.first] == "PY";
+            const std::string expected = timed ? blw::Text(cell, "rele") + " " +
+                                                     blw::Text(cell, "rcor") + " " +
+                                                     blw::Text(cell, "rpos")
+                                               : blw::Text(cell, "rpos");
+            const std::string& row = shown[sailNoOf[key.first]];
+            EXPECT_EQ(timed ? row : row.substr(row.rfind(' ') + 1), expected)
+                << "race " << race << " sail number " << sailNoOf[key.first];
+            ++compared;
+        }
+    }
+    EXPECT_EQ(compared, 32);
+
+    const long long people = db.Count("People"), boats = db.Count("Boat");
+    ASSERT_EQ(ImportSeriesFile(results, kSamples + "dinghies-series.blw", summary), "");
+    EXPECT_NE(summary.find("Series 2: Howth YC Dinghy Racing S1"), std::string::npos);
+    EXPECT_NE(summary.find("People: 0 added, 37 reused\nBoat models: 0 added, 7 reused\nBoats: "
+                           "0 added, 37 reused\n"),
+              std::string::npos)
+        << summary;
+    EXPECT_EQ(db.Count("People") * 1000 + db.Count("Boat"), people * 1000 + boats);
+}
+
+// The club season discards one race in three: more rules than a discard system holds, so it is
+// refused as a whole rather than scored differently from the file.
+TEST(BlwSamples, SeasonWithMoreDiscardRulesThanFitIsRefused) {
+    test::TestDatabase db;
+    clResults results;
+    std::string summary;
+    EXPECT_EQ(ImportSeriesFile(results, kSamples + "place-only-season.blw", summary),
+              FileText(test::GoldenFile("blw-place-only-season.txt")));
+    EXPECT_EQ(db.Count("Series") + db.Count("Boat") + db.Count("Schedule"), 0);
+}
+
+// Two files alike but for the base their DNF code counts from: the series entrants or the boats
+// in the race. DSQ scores like DNF; DNC counts the series entrants in both.
+TEST(BlwSamples, NonFinishersCountFromTheBaseTheFileChose) {
+    for (const auto& [name, base] :
+         {std::pair{"scoring-a52.blw", 0}, std::pair{"scoring-a53.blw", 1}}) {
+        blw::SeriesFile file;
+        ASSERT_EQ(blw::ReadSeriesFile(FileText(kSamples + name), file), "");
+        SeriesImport plan;
+        ASSERT_EQ(PlanSeriesImport(file, name, 2026, plan), "");
+        EXPECT_EQ(std::vector<short>({plan.baseC, plan.baseA, plan.baseB}),
+                  std::vector<short>({static_cast<short>(base), static_cast<short>(base), 0}))
+            << name;
+    }
+}
+
+}  // namespace
+}  // namespace tb
