@@ -26,7 +26,12 @@ std::string GoldenFile(const std::string& name);
 std::string DataFile(const std::string& name);
 
 // The rows of a data file under tests/data/golden: one a line, fields separated by tabs; lines
-// starting with "#" are comments.
+// starting with "#" are comments. In a field \t, \r, \n, \\ and \xNN stand for a tab, a
+// carriage return, a line feed, a backslash and the byte NN.
 std::vector<std::vector<std::string>> DataFileRows(const std::string& name);
+
+// A value as a data file writes it, its type first: "null", "text Fish & Chips", "number 2.5",
+// "whole 42", "bool 1" or "date 2010-03-31 14:05:00".
+Value ValueOf(const std::string& field);
 
 }  // namespace tb::test
