@@ -24,6 +24,33 @@ std::vector<std::string> Column(const RowSet& rows, std::size_t column) {
     return texts;
 }
 
+std::string Rendered(const RowSet& rows) {
+    std::string text;
+    for (std::size_t r = 0; !rows.IsEmpty() && r < rows.Rows(); ++r) {
+        for (std::size_t c = 0; c < rows.Columns(); ++c)
+            text += (c ? " | " : "") + (rows(c, r).IsNull() ? "<null>" : ToText(rows(c, r)));
+        text += "\n";
+    }
+    return text;
+}
+
+std::string Expected(const std::string& file, const std::string& name) {
+    const std::string text = DataFile(file);
+    const std::string heading = "== " + name + "\n";
+    const auto start = text.find(heading);
+    EXPECT_NE(start, std::string::npos) << name;
+    if (start == std::string::npos)
+        return {};
+    const auto from = start + heading.size();
+    const auto end = text.find("\n== ", from - 1);
+    std::istringstream section(
+        text.substr(from, end == std::string::npos ? std::string::npos : end + 1 - from));
+    std::string kept;
+    for (std::string line; std::getline(section, line);)
+        kept += line.starts_with('#') ? "" : line + "\n";
+    return kept;
+}
+
 std::string Scalar(const std::string& file, const std::string& sql) {
     SQLite::Database db(file, SQLite::OPEN_READONLY);
     SQLite::Statement st(db, sql);

@@ -16,6 +16,14 @@ testing::AssertionResult IsRunTimeError(const std::string& Msg, const std::strin
 // The texts of one column of the rows in order; none for an empty row set.
 std::vector<std::string> Column(const RowSet& rows, std::size_t column);
 
+// The rows as text, one a line, each field by the ordinary conversion and "<null>" for Null,
+// separated by " | "; "" for an empty row set.
+std::string Rendered(const RowSet& rows);
+
+// The text of a data file under tests/data/golden that stands under the line "== name", up to
+// the next such line; lines starting with "#" are comments.
+std::string Expected(const std::string& file, const std::string& name);
+
 // The first column of the first row a query finds in a database file ("<no row>" for none).
 std::string Scalar(const std::string& file, const std::string& sql);
 
