@@ -168,23 +168,6 @@ TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
               "0.0/0.0/0.0");
 }
 
-TEST_F(ScoringRulesTest, RaceResultsShareEqualPointsAndShowTheHelm) {
-    OneRace("2010-06-12", 4);
-    Finishes({3600, 3700, 3700});
-    season.Finish(raceId, entrant[3], 3725, "Notes='Me & You'");
-    season.Exec("UPDATE Entrant SET NameOnResults='O''Neil crew' WHERE Id=" +
-                std::to_string(entrant[1]));
-    ASSERT_EQ(Score(), "");
-    RowSet classes, boats;
-    ASSERT_EQ(results.GetRaceResults(raceId, 2, classes, boats), "");
-    EXPECT_EQ(test::Column(boats, 11), std::vector<std::string>({"1", "2", "2", "4"}));
-    EXPECT_EQ(boats(4, 0).ToText(), "Helm No1");
-    EXPECT_EQ(boats(4, 1).ToText(), "O'Neil crew");
-    EXPECT_EQ(boats(8, 3).ToText(), "1:02:05");
-    EXPECT_EQ(boats(12, 3).ToText(), "Me & You");
-    EXPECT_TRUE(boats(6, 0).IsDate());
-}
-
 TEST_F(ScoringRulesTest, MessagesWhenThereIsNothingToReport) {
     OneRace("2010-06-12", 1);
     const int empty = season.AddRace("Empty", "2010-06-19");

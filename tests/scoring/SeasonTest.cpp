@@ -157,18 +157,5 @@ TEST_F(SeasonTest, RaceResultsOfTheLastRace) {
               test::Expected("scoring/season.txt", "race 5"));
 }
 
-TEST_F(SeasonTest, PenaltiesGiveTheCorrectedTimes) {
-    RowSet problems;
-    ASSERT_EQ(results.ComputeResultTimes(race[1], problems), "");
-    auto corrected = [&](int entrant) {
-        return db.Text("SELECT CorrectedTime FROM Results WHERE Schedule=" +
-                       std::to_string(race[1]) + " AND Entrant=" + std::to_string(entrant));
-    };
-    EXPECT_EQ(corrected(a2), "3960.0");  // 3600 x 1.1
-    EXPECT_EQ(corrected(a3), "3800.0");  // 3500 + 300
-    EXPECT_TRUE(problems(0, 0).IsNull());
-    EXPECT_EQ(problems.Rows(), 1u);
-}
-
 }  // namespace
 }  // namespace tb
