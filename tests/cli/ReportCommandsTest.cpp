@@ -223,44 +223,30 @@ TEST(ReportLayout, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
     };
     const std::map<std::string, std::string> pages = {
         {"S", page("S")}, {"R", page("R")}, {"E", page("E")}};
-    const struct {
-        const char* kind;
-        int width;
-        std::vector<std::string> inView;
-    } screens[] = {{"S", 1280, {"Pos", "Boat", "Total"}},
-                   {"S", 390, {"Pos", "Boat", "Sail no", "Total"}},
-                   {"R", 390, {"Pos", "Boat", "Corrected", "Points"}}};
     test::TempFolder profile;
-    for (const auto& screen : screens) {
-        std::string wanted, expected;
-        for (const std::string& heading : screen.inView) {
-            wanted += (wanted.empty() ? "\"" : ", \"") + heading + "\"";
-            expected += (expected.empty() ? "" : " ") + heading + ":in view";
+    for (const auto& row : test::DataFileRows("cli/layout.tsv")) {
+        const std::string& shown = pages.at(row.at(1));
+        if (row.at(0) == "screen") {
+            const std::string checked = folder.path() + "/checked.htm";
+            std::ofstream(checked)
+                << std::ifstream(shown).rdbuf() << "<script>const wanted = [" << row.at(3) << "];\n"
+                << test::DataFile("reports/columns-in-view.js") << "</script>";
+            const auto dom = test::BrowserView(checked, profile.path(), std::stoi(row.at(2)));
+            if (!dom)
+                GTEST_SKIP() << "chromium is not installed";
+            EXPECT_NE(dom->find("<pre id=\"layout\">" + row.at(4) + "</pre>"), std::string::npos)
+                << row[1] << " at " << row[2]
+                << " px: " << dom->substr(std::min(dom->size(), dom->find("<pre id=\"layout\">")));
+            continue;
         }
-        const std::string checked = folder.path() + "/checked.htm";
-        std::ofstream(checked) << std::ifstream(pages.at(screen.kind)).rdbuf()
-                               << "<script>const wanted = [" << wanted << "];\n"
-                               << test::DataFile("reports/columns-in-view.js") << "</script>";
-        const auto dom = test::BrowserView(checked, profile.path(), screen.width);
-        if (!dom)
-            GTEST_SKIP() << "chromium is not installed";
-        EXPECT_NE(dom->find("<pre id=\"layout\">" + expected + "</pre>"), std::string::npos)
-            << screen.kind << " at " << screen.width
-            << " px: " << dom->substr(std::min(dom->size(), dom->find("<pre id=\"layout\">")));
-    }
-    // On paper every column appears: the last race of the standings, the notes of the results.
-    const struct {
-        const char *kind, *header, *lastColumn;
-    } papers[] = {{"S", "TOTAL", "R60"}, {"R", "CORRECTED", "NOTES"}, {"E", "TCF", "ENTRY"}};
-    for (const auto& paper : papers) {
-        const auto printed = test::PrintedPages(pages.at(paper.kind), profile.path());
+        const auto printed = test::PrintedPages(shown, profile.path());
         if (!printed)
             GTEST_SKIP() << "chromium or pdftotext is not installed";
-        EXPECT_GT(printed->size(), 1u) << paper.kind;
+        EXPECT_GT(printed->size(), 1u) << row[1];
         for (std::size_t p = 0; p < printed->size(); ++p)
-            EXPECT_NE((*printed)[p].find(paper.header), std::string::npos)
-                << paper.kind << " page " << p + 1;
-        EXPECT_NE(printed->back().find(paper.lastColumn), std::string::npos) << paper.kind;
+            EXPECT_NE((*printed)[p].find(row.at(2)), std::string::npos)
+                << row[1] << " page " << p + 1;
+        EXPECT_NE(printed->back().find(row.at(3)), std::string::npos) << row[1];
     }
 }
 
