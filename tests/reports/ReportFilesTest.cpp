@@ -230,26 +230,13 @@ TEST_F(OutputObjectTest, ReceivesTheFileNameTheHtmlAndTheXml) {
 TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
     const std::string program = folder.path() + "/program";
     fs::create_directories(program + "/OutputObjects");
-    WriteScript(program + "/OutputObjects/publish", "touch \"$0.called\"");
-    WriteScript(program + "/OutputObjects/refuse", "exit 3");
-    WriteScript(
-        program + "/OutputObjects/complain",
-        "echo 'Looking for WeasyPrint' >&2; echo 'WeasyPrint is not installed' >&2; exit 1");
     SetProgramFolder(program);
-    struct Case {
-        std::string object;
-        std::string message;
-    };
-    const Case cases[] = {
-        {"publish", ""},
-        {"refuse", "E-Output object refuse process failed"},
-        {"complain", "E-Output object complain process failed: WeasyPrint is not installed"},
-        {"no-such-publisher", "E-Failed to create output object no-such-publisher"},
-    };
-    for (const Case& c : cases) {
-        UseMenu(MenuOf("x=plain.xsl," + c.object + ",,0,1"));
+    for (const auto& row : test::DataFileRows("reports/output-objects.tsv")) {
+        if (!row.at(1).empty())
+            WriteScript(program + "/OutputObjects/" + row[0], row[1]);
+        UseMenu(MenuOf("x=plain.xsl," + row[0] + ",,0,1"));
         std::string path;
-        EXPECT_EQ(Make('S', path), c.message);
+        EXPECT_EQ(Make('S', path), row.at(2));
     }
     EXPECT_TRUE(fs::exists(program + "/OutputObjects/publish.called"));
 }
