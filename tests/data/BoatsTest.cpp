@@ -160,26 +160,16 @@ TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBeforeAndBadTextsStoreNothing)
     const int irc = AddHandicapType("IRC");
     const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
     EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)), "");
-    const struct {
-        int id;
-        const char* tcf;
-        const char* from;
-        const char* expires;
-    } cases[] = {{0, "0,985", "01/04/2010", ""},
-                 {0, "fast", "01/04/2010", ""},
-                 {-old, "0.99", "31/02/2010", ""},
-                 {-old, "0.99", "01/04/2010", "soon"},
-                 {old, "0.99", "", ""},
-                 {-(old + 5), "0.99", "01/04/2010", ""},
-                 {old + 5, "0.99", "01/04/2010", ""}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.tcf) + " " + c.from + " " + c.expires);
-        EXPECT_TRUE(IsRunTimeError(results.PutHandicapDetails(c.id, boat, static_cast<short>(irc),
-                                                              c.tcf, c.from, c.expires),
-                                   "PutHandicapDetails"));
-        EXPECT_EQ(db.Count("Handicap"), 1);
+    ASSERT_EQ(old, 1);
+    for (const auto& row : test::DataFileRows("data/bad-handicaps.tsv")) {
+        EXPECT_TRUE(IsRunTimeError(
+            results.PutHandicapDetails(std::stoi(row.at(0)), boat, static_cast<short>(irc),
+                                       row.at(1), row.at(2), row.at(3)),
+            "PutHandicapDetails"))
+            << row[0] << " " << row[1];
         EXPECT_EQ(db.Count("Handicap", "Expires IS NULL AND Handicap=0.985"), 1);
     }
+    EXPECT_EQ(db.Count("Handicap"), 1);
 
     ASSERT_EQ(
         results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
