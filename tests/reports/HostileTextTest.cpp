@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <map>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -39,30 +40,12 @@ std::string LongText() {
 }
 const std::string kLong = LongText();
 
-// The text as an XML attribute gives it back: each tab and line break a blank, CR LF one blank.
-std::string AsAttribute(std::string text) {
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text.compare(i, 2, "\r\n") == 0)
-            continue;
-        out += text[i] == '\t' || text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
-    }
-    return out;
-}
-
-// The text as a browser writes out the text of an element.
+// The text as a browser writes out the text of an element: each tab and line break a blank (CR LF
+// one), the markup characters in escape.
 std::string AsPageText(const std::string& text) {
-    std::string out;
-    for (char c : AsAttribute(text)) {
-        if (c == '&')
-            out += "&amp;";
-        else if (c == '<')
-            out += "&lt;";
-        else if (c == '>')
-            out += "&gt;";
-        else
-            out += c;
-    }
+    std::string out = std::regex_replace(text, std::regex("\r\n|[\t\r\n]"), " ");
+    for (const auto& [c, escape] : {std::pair{"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}})
+        out = std::regex_replace(out, std::regex(c), escape);
     return out;
 }
 
