@@ -64,8 +64,8 @@ struct SeriesImport {
     clResults::ScoringValues points;
     clResults::DiscardLines discards;
     // What the summary tells: everything scored differently from the file.
-    std::vector<std::string> codesMapped, placesOnlyRaces, undatedRaces, ratingsMissing,
-        scoringNotes, gunsUntimed;
+    std::vector<std::string> codesMapped, placesOnlyRaces, placesClosedUp, undatedRaces,
+        ratingsMissing, scoringNotes, gunsUntimed;
     int leftovers = 0;
 };
 

@@ -206,6 +206,10 @@ std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Coun
     };
     list("Codes mapped", Plan.codesMapped);
     list("Places-only races", Plan.placesOnlyRaces);
+    list(
+        "Places-only races with places held by boats scored by code (the finishers behind "
+        "them move up)",
+        Plan.placesClosedUp);
     list("Races without a date", Plan.undatedRaces);
     list("Races without a gun time (started at 12:00:00)", Plan.gunsUntimed);
     list("Boats without a rating (listed in the race's problem report)", Plan.ratingsMissing);
