@@ -86,7 +86,4 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
 // The summary shown after an import.
 std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Counts);
 
-// Reads, plans and writes a .blw series file through the gateway; Summary is the text to show.
-std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string& Summary);
-
 }  // namespace tb

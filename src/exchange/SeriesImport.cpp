@@ -251,9 +251,9 @@ std::string ImportFile(clResults& Db, const std::string& Path, std::string& Summ
 
 }  // namespace
 
-std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string& Summary) {
+std::string clResults::ImportSeriesFile(const std::string& FilePath, std::string& Summary) {
     try {
-        return ImportFile(Db, Path, Summary);
+        return ImportFile(*this, FilePath, Summary);
     } catch (...) {
         const PendingError pending = DescribeCurrentException();
         return ErrorText({}, "ImportSeriesFile", &pending);

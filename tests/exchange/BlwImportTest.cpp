@@ -76,7 +76,7 @@ TEST(BlwImport, BringsTheSeasonAcrossAsTheFileHasIt) {
         test::TestDatabase db;
         clResults results;
         std::string summary;
-        ASSERT_EQ(ImportSeriesFile(results, kData + name + ".blw", summary), "");
+        ASSERT_EQ(results.ImportSeriesFile(kData + name + ".blw", summary), "");
         EXPECT_EQ(summary + "==\n" + Imported(db),
                   FileText(test::GoldenFile("blw-" + name + ".txt")));
     }
@@ -90,7 +90,7 @@ TEST(BlwImport, AFaultyFileNamesItsRowAndWritesNothing) {
         test::TestDatabase db;
         clResults results;
         std::string summary;
-        EXPECT_EQ(ImportSeriesFile(results, kData + file, summary), line.substr(file.size() + 1));
+        EXPECT_EQ(results.ImportSeriesFile(kData + file, summary), line.substr(file.size() + 1));
         EXPECT_EQ(db.Count("Series") + db.Count("Boat") + db.Count("People") + db.Count("Scoring"),
                   1);
     }
@@ -198,11 +198,11 @@ TEST(BlwSamples, DinghySeriesScoresAsTheFileRecords) {
     test::RecordingMessages messages;
     clResults results;
     std::string summary;
-    ASSERT_EQ(ImportSeriesFile(results, kSamples + "dinghies-series.blw", summary), "");
+    ASSERT_EQ(results.ImportSeriesFile(kSamples + "dinghies-series.blw", summary), "");
     EXPECT_EQ(CompareRaceReports(results, "dinghies-series.blw", "PY"), 32);
 
     const long long people = db.Count("People"), boats = db.Count("Boat");
-    ASSERT_EQ(ImportSeriesFile(results, kSamples + "dinghies-series.blw", summary), "");
+    ASSERT_EQ(results.ImportSeriesFile(kSamples + "dinghies-series.blw", summary), "");
     EXPECT_NE(summary.find("Series 2: Howth YC Dinghy Racing S1"), std::string::npos);
     EXPECT_NE(summary.find("People: 0 added, 37 reused\nBoat models: 0 added, 7 reused\nBoats: "
                            "0 added, 37 reused\n"),
@@ -218,7 +218,7 @@ TEST(BlwSamples, PlaceOnlySeasonKeepsEveryRecordedPlace) {
     test::RecordingMessages messages;
     clResults results;
     std::string summary;
-    ASSERT_EQ(ImportSeriesFile(results, kSamples + "place-only-season.blw", summary), "");
+    ASSERT_EQ(results.ImportSeriesFile(kSamples + "place-only-season.blw", summary), "");
     EXPECT_EQ(summary, FileText(test::GoldenFile("blw-place-only-season.txt")));
     EXPECT_EQ(CompareRaceReports(results, "place-only-season.blw", ""), 314);
 }
