@@ -114,7 +114,8 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
     buttons->addWidget(cmdClose);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addWidget(new QLabel("First rows, with the column each field is read as:", this));
+    lPreview = new QLabel("First rows, with the column each field is read as:", this);
+    layout->addWidget(lPreview);
     layout->addWidget(listPreview, 3);
     lProblems = new QLabel(this);
     layout->addWidget(lProblems);
@@ -148,6 +149,9 @@ void frmImportExport::KindChosen() {
         field->setEnabled(readable);
     cUpdate->setEnabled(kind != kSeriesFile && IsRegisterKind(static_cast<CsvKind>(kind)));
     cmdExport->setEnabled(kind != kSeriesFile && kind != Of(CsvKind::Finishes));
+    // A series file has no rows to look at: its summary takes the room.
+    lPreview->setVisible(kind != kSeriesFile);
+    listPreview->setVisible(kind != kSeriesFile);
     lProblems->setText(kind == kSeriesFile ? "What the import brought across:" : "Problems:");
     RunTrapped("ImportExport.Preview", [this] { return Preview(); });
 }

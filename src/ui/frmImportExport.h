@@ -45,6 +45,7 @@ private:
     QLineEdit* tFile;
     QPushButton* cmdBrowse;
     QCheckBox* cUpdate;
+    QLabel* lPreview;
     QTableWidget* listPreview;
     QLabel* lProblems;
     QListWidget* listProblems;
