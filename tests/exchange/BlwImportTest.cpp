@@ -126,6 +126,14 @@ TEST(BlwImport, ReadsDatesAndTimesAsOtherProgramsWriteThem) {
                  {"24:00:00", -1},    {"1058", -1},      {"10:60:00", -1}};
     for (const Time& time : times)
         EXPECT_EQ(ParseClockTime(time.text).value_or(-1), time.seconds) << time.text;
+    // The same reader in both forms: this file's and the finishes a timing app writes.
+    for (const auto& row : test::DataFileRows("conversions/clock-times.tsv")) {
+        for (const auto& [form, column] :
+             {std::pair{ClockForm::Loose, 1}, {ClockForm::Strict, 2}}) {
+            const auto seconds = ParseClockTime(row[0], form);
+            EXPECT_EQ(seconds ? std::to_string(*seconds) : "-", row[column]) << row[0];
+        }
+    }
 }
 
 const std::string kSamples = std::string(TALLYBOARD_SAMPLES) + "/blw/";
