@@ -6,6 +6,7 @@
 #include "data/Messages.h"
 #include "data/ResultStatus.h"
 #include "exchange/BlwImport.h"
+#include "exchange/RowChecks.h"
 
 namespace tb {
 
@@ -331,8 +332,16 @@ std::vector<const blw::Race*> PlanRaces(const blw::SeriesFile& File, int FileYea
     return races;
 }
 
+// "First Last", the first word the first name; written "Last, First" as the register's files
+// write owners, it is read as they are.
 void SplitName(const std::string& name, std::string& first, std::string& last) {
     const std::string whole = Trimmed(name);
+    if (whole.find(',') != std::string::npos) {
+        const PersonName person = SplitPersonName(whole);
+        first = person.Firstname;
+        last = person.Lastname;
+        return;
+    }
     const auto blank = whole.find(' ');
     first = blank == std::string::npos ? whole : whole.substr(0, blank);
     last = blank == std::string::npos ? std::string() : Trimmed(whole.substr(blank + 1));
