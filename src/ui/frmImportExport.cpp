@@ -84,7 +84,6 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
     listProblems = new QListWidget(this);
     listProblems->setObjectName("listProblems");
     listProblems->setWordWrap(true);
-    listProblems->setToolTip("Every problem of the file; nothing is imported while there is one");
     lInfo = new QLabel(this);
     lInfo->setObjectName("lInfo");
     lInfo->setWordWrap(true);
@@ -153,6 +152,10 @@ void frmImportExport::KindChosen() {
     lPreview->setVisible(kind != kSeriesFile);
     listPreview->setVisible(kind != kSeriesFile);
     lProblems->setText(kind == kSeriesFile ? "What the import brought across:" : "Problems:");
+    listProblems->setToolTip(kind == kSeriesFile
+                                 ? "What was added, reused and scored differently from the file"
+                                 : "Every problem of the file; nothing is imported while there "
+                                   "is one");
     RunTrapped("ImportExport.Preview", [this] { return Preview(); });
 }
 
