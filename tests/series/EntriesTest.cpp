@@ -134,14 +134,10 @@ TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
         ASSERT_EQ(results.PutEntryDetails(b, series, owner, classId, "01/06/02", 0, "", first), "");
     }
     ASSERT_EQ(results.GetEntries(series, rows), "");
-    EXPECT_EQ(test::Column(rows, 0),
-              (std::vector<std::string>{std::to_string(third), std::to_string(second),
-                                        std::to_string(boat)}));
-    EXPECT_EQ(rows(3, 1).ToText(), "GBR 0");
-
     RowSet forRace;
     ASSERT_EQ(results.GetEntriesForRace(races[0], forRace), "");
-    EXPECT_EQ(forRace.Rows(), 3u);
+    EXPECT_EQ(test::Rendered(rows) + test::Rendered(forRace),
+              test::Expected("series/entries.txt", "lists"));
     ASSERT_EQ(results.GetEntriesForRace(races[1], forRace), "");
     EXPECT_TRUE(forRace.IsEmpty());
 }
