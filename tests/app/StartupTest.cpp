@@ -38,17 +38,8 @@ TEST(ProgramFolder, IsTheBuildFolderOrTheInstalledShareFolderWhereverTheTreeIs) 
     fs::create_directories(r / "lonely/bin");
     fs::create_directories(r / "moved");
     fs::copy(r / "usr", r / "moved/opt", fs::copy_options::recursive);
-    struct Row {
-        fs::path executableFolder, programFolder;
-    } rows[] = {
-        {r / "build/bin", r / "build/bin"},
-        {r / "usr/bin", r / "usr/share/tallyboard"},
-        {r / "moved/opt/bin", r / "moved/opt/share/tallyboard"},
-        {r / "lonely/bin", r / "lonely/bin"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(ProgramFolderFor(row.executableFolder.string()), row.programFolder.string())
-            << row.executableFolder;
+    for (const auto& row : test::DataFileRows("app/program-folders.tsv"))
+        EXPECT_EQ(ProgramFolderFor((r / row.at(0)).string()), (r / row.at(1)).string()) << row[0];
 }
 
 class FirstStartTest : public ::testing::Test {
