@@ -19,11 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Text(const fs::path& file) {
-    std::ifstream in(file);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 void Touch(const fs::path& file, const std::string& text = "") {
     fs::create_directories(file.parent_path());
     std::ofstream(file) << text;
@@ -90,11 +85,11 @@ TEST_F(FirstStartTest, MakesAReadyDatabaseAndGivesTheReportFolderTheMissingSheet
 
     const fs::path reports = DefaultReportPath();
     ASSERT_EQ(ProvideStyleSheets(reports.string()), "");
-    EXPECT_EQ(Text(reports / "results.xsl"), "shipped");
+    EXPECT_EQ(test::ReadFile(reports / "results.xsl"), "shipped");
     EXPECT_FALSE(fs::exists(reports / "notes.txt"));
     Touch(reports / "results.xsl", "the club's own");
     ASSERT_EQ(ProvideStyleSheets(reports.string()), "");
-    EXPECT_EQ(Text(reports / "results.xsl"), "the club's own");
+    EXPECT_EQ(test::ReadFile(reports / "results.xsl"), "the club's own");
 }
 
 }  // namespace

@@ -20,11 +20,6 @@ namespace {
 
 const std::string kData = std::string(TALLYBOARD_TEST_DATA) + "/blw/";
 
-std::string FileText(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
 // Everything an import writes, one line a record.
 std::string Imported(test::TestDatabase& db) {
     std::string text;
@@ -46,8 +41,7 @@ TEST(BlwImport, BringsTheSeasonAcrossAsTheFileHasIt) {
         clResults results;
         std::string summary;
         ASSERT_EQ(results.ImportSeriesFile(kData + name + ".blw", summary), "");
-        EXPECT_EQ(summary + "==\n" + Imported(db),
-                  FileText(test::GoldenFile("blw-" + name + ".txt")));
+        EXPECT_EQ(summary + "==\n" + Imported(db), test::DataFile("blw-" + name + ".txt"));
     }
 }
 
@@ -86,7 +80,7 @@ const std::string kSamples = std::string(TALLYBOARD_SAMPLES) + "/blw/";
 // (else the ranked one). Gives how many were compared.
 int CompareRaceReports(clResults& results, const std::string& name, const std::string& timed) {
     blw::SeriesFile file;
-    EXPECT_EQ(blw::ReadSeriesFile(FileText(kSamples + name), file), "");
+    EXPECT_EQ(blw::ReadSeriesFile(test::ReadFile(kSamples + name), file), "");
     std::vector<const blw::Race*> races;
     for (const blw::Race& race : file.races)
         if (blw::Text(race.fields, "racesailed") == "1")
@@ -169,7 +163,7 @@ TEST(BlwSamples, PlaceOnlySeasonKeepsEveryRecordedPlace) {
     clResults results;
     std::string summary;
     ASSERT_EQ(results.ImportSeriesFile(kSamples + "place-only-season.blw", summary), "");
-    EXPECT_EQ(summary, FileText(test::GoldenFile("blw-place-only-season.txt")));
+    EXPECT_EQ(summary, test::DataFile("blw-place-only-season.txt"));
     EXPECT_EQ(CompareRaceReports(results, "place-only-season.blw", ""), 314);
 }
 
@@ -179,7 +173,7 @@ TEST(BlwSamples, NonFinishersCountFromTheBaseTheFileChose) {
     for (const auto& [name, base] :
          {std::pair{"scoring-a52.blw", 0}, std::pair{"scoring-a53.blw", 1}}) {
         blw::SeriesFile file;
-        ASSERT_EQ(blw::ReadSeriesFile(FileText(kSamples + name), file), "");
+        ASSERT_EQ(blw::ReadSeriesFile(test::ReadFile(kSamples + name), file), "");
         SeriesImport plan;
         ASSERT_EQ(PlanSeriesImport(file, name, 2026, plan), "");
         EXPECT_EQ(std::vector<short>({plan.baseC, plan.baseA, plan.baseB}),
