@@ -60,7 +60,7 @@ private:
     int BoatId = -1;
     RowSet Races;  // the series' races: Id, name, date, in sub-series
     bool Changed = false;
-    bool filling_ = false;
+    bool Filling = false;
 };
 
 }  // namespace tb

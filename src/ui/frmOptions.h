@@ -35,7 +35,6 @@ private:
     std::string SavePaths();
     bool HandicapTypeSelected() const;
     std::string SelectedTypeName() const;
-    void ShowUsage(const std::string& text);
 
     std::unique_ptr<Ui::frmOptions> ui;
     clResults& ResultsDb;

@@ -43,10 +43,10 @@ frmReport::frmReport(clResults& results, int seriesId, int raceId, ReportViewer&
         connect(rReport[kind], &QRadioButton::clicked, this, [this, kind] { rReport_Click(kind); });
     }
     connect(ui->cmdOK, &QPushButton::clicked, this,
-            [this] { RunTrapped("Report.cmdOK", [this] { cmdOK_Click(); }); });
+            [this] { RunTrapped("Report.OK.Click", [this] { return cmdOK_Click(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->SelAction, &QListWidget::itemDoubleClicked, this,
-            [this] { RunTrapped("Report.SelAction", [this] { cmdOK_Click(); }); });
+            [this] { RunTrapped("Report.OK.Click", [this] { return cmdOK_Click(); }); });
     Load();
 }
 
@@ -95,16 +95,9 @@ int frmReport::SelectedKind() const {
     return -1;
 }
 
-void frmReport::cmdOK_Click() {
-    std::string Msg;
-    try {
-        const BusyCursor busy;
-        Msg = MakeReport();
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        Msg = ErrorText({}, "Report.OK.Click", &pending);
-    }
-    ShowMessage(Msg);
+std::string frmReport::cmdOK_Click() {
+    const BusyCursor busy;
+    return MakeReport();
 }
 
 std::string frmReport::MakeReport() {

@@ -27,7 +27,7 @@ protected:
 private:
     void Load();
     void rReport_Click(int kind);
-    void cmdOK_Click();
+    std::string cmdOK_Click();
     std::string MakeReport();
     int SelectedKind() const;
 
