@@ -247,10 +247,10 @@ std::string frmBoatDetail::ShowBoat() {
         ChooseById(ui->SelModel, 0);
         ChooseById(ui->SelOwner, 0);
     }
-    shownName = name;
-    shownSailNo = sailNo;
-    shownModel = ChosenId(ui->SelModel);
-    shownOwner = ChosenId(ui->SelOwner);
+    ShownName = name;
+    ShownSailNo = sailNo;
+    ShownModel = ChosenId(ui->SelModel);
+    ShownOwner = ChosenId(ui->SelOwner);
     ui->tName->setText(name);
     ui->tSailNo->setText(sailNo);
     UpdateChangeState();
@@ -258,8 +258,8 @@ std::string frmBoatDetail::ShowBoat() {
 }
 
 void frmBoatDetail::UpdateChangeState() {
-    Changed = ui->tName->text() != shownName || ui->tSailNo->text() != shownSailNo ||
-              ChosenId(ui->SelOwner) != shownOwner || ChosenId(ui->SelModel) != shownModel;
+    Changed = ui->tName->text() != ShownName || ui->tSailNo->text() != ShownSailNo ||
+              ChosenId(ui->SelOwner) != ShownOwner || ChosenId(ui->SelModel) != ShownModel;
     ui->cmdOK->setEnabled(Changed);
     for (QPushButton* button : {ui->cmdAddBoat, ui->cmdAddHC, ui->cmdEditHC, ui->cmdReviseHC})
         button->setEnabled(!Changed);

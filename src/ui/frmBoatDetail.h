@@ -63,10 +63,10 @@ private:
     int BoatId = 0;
     int SavedId = 0;
     bool Changed = false;
-    QString shownName;
-    QString shownSailNo;
-    int shownModel = 0;
-    int shownOwner = 0;
+    QString ShownName;
+    QString ShownSailNo;
+    int ShownModel = 0;
+    int ShownOwner = 0;
 };
 
 }  // namespace tb

@@ -4,6 +4,7 @@
 #include "data/Messages.h"
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
+#include "ui/HelpFile.h"
 #include "ui_frmClassDetail.h"
 
 namespace tb {
@@ -15,6 +16,8 @@ frmClassDetail::frmClassDetail(clResults& ResultsDb, int SeriesId, int ClassId, 
       SeriesId(SeriesId),
       ClassId(ClassId) {
     ui->setupUi(this);
+    // Part of the series editor, so its help page.
+    SetHelpOnActivation(this, "Series");
     // Room for a long name without scrolling.
     ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
     ui->SelHandicap->setFont(ColumnFont());

@@ -38,11 +38,11 @@ void SelectById(QComboBox* list, int id) {
 
 }  // namespace
 
-frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* parent)
+frmEntryDetail::frmEntryDetail(clResults& ResultsDb, int SeriesId, QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmEntryDetail>()),
-      ResultsDb(resultsDb),
-      SeriesId(seriesId) {
+      ResultsDb(ResultsDb),
+      SeriesId(SeriesId) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Entries");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);

@@ -33,8 +33,8 @@ void StoreIfChanged(const char* key, const std::string& path) {
 
 }  // namespace
 
-frmOptions::frmOptions(clResults& results, QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(results) {
+frmOptions::frmOptions(clResults& ResultsDb, QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(ResultsDb) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Options");
     KeepTypedName(ui->SelHCs);

@@ -17,7 +17,7 @@ class clResults;
 class frmOptions : public QDialog {
     Q_OBJECT
 public:
-    explicit frmOptions(clResults& results, QWidget* parent = nullptr);
+    explicit frmOptions(clResults& ResultsDb, QWidget* parent = nullptr);
     ~frmOptions() override;
 
 protected:

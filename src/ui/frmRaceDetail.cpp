@@ -4,6 +4,7 @@
 #include "data/Messages.h"
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
+#include "ui/HelpFile.h"
 #include "ui_frmRaceDetail.h"
 
 namespace tb {
@@ -15,6 +16,8 @@ frmRaceDetail::frmRaceDetail(clResults& ResultsDb, int SeriesId, int RaceId, QWi
       SeriesId(SeriesId),
       RaceId(RaceId) {
     ui->setupUi(this);
+    // Part of the series editor, so its help page.
+    SetHelpOnActivation(this, "Series");
     // Room for a long name without scrolling.
     ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
     connect(ui->cmdOK, &QPushButton::clicked, this,
