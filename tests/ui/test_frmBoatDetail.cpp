@@ -4,7 +4,7 @@
 #include <QtTest>
 #include <memory>
 
-#include "support/RegisterFixtures.h"
+#include "support/WindowTesting.h"
 #include "ui/frmBoatDetail.h"
 
 using namespace tb;

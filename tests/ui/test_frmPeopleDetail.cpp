@@ -5,7 +5,7 @@
 #include <QtTest>
 #include <memory>
 
-#include "support/RegisterFixtures.h"
+#include "support/WindowTesting.h"
 #include "ui/frmPeopleDetail.h"
 
 using namespace tb;

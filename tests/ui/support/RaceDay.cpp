@@ -1,19 +1,11 @@
 #include "support/RaceDay.h"
 
+#include "support/WindowTesting.h"
+
 namespace tb::test {
 
 RaceDay::RaceDay() {
-    db.Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
-    db.Exec(
-        "INSERT INTO Series (Id, Title, SubseriesTitle, Scoring, Discards) "
-        "VALUES (1, 'Summer Series', 'Evenings', 1, 1)");
-    db.Exec(
-        "INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES "
-        "(1, 1, 'Class 1', 1), (2, 1, 'Class 2', 1)");
-    db.Exec(
-        "INSERT INTO Schedule (Id, Series, RaceName, RaceDate, InSubSeries) "
-        "VALUES (10, 1, 'Race 1', '2005-06-12 00:00:00', 0)");
-    db.Exec("INSERT INTO BoatType (Id, Model) VALUES (1, 'Laser')");
+    db.Exec(DataText("race-day.sql"));
 }
 
 int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,

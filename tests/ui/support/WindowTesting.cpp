@@ -1,6 +1,7 @@
 #include "support/WindowTesting.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMap>
@@ -13,6 +14,34 @@ namespace tb::test {
 CaseTrace::~CaseTrace() {
     if (QTest::currentTestFailed())
         qWarning("in case: %s", qPrintable(name_));
+}
+
+std::string DataText(const QString& name) {
+    QFile file(QStringLiteral(TALLYBOARD_UI_TEST_DATA "/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(name));
+    return file.readAll().toStdString();
+}
+
+QStringList DataLines(const QString& name) {
+    QStringList lines;
+    for (const QString& line : QString::fromStdString(DataText(name)).split('\n'))
+        if (!line.isEmpty() && !line.startsWith('#'))
+            lines << line;
+    return lines;
+}
+
+void CasesFrom(const QString& name) {
+    QTest::addColumn<QStringList>("fields");
+    for (const QString& line : DataLines(name)) {
+        QStringList fields = line.split('\t');
+        QTest::newRow(qPrintable(fields.takeFirst())) << fields;
+    }
+}
+
+QStringList Case() {
+    QFETCH(QStringList, fields);
+    return fields;
 }
 
 QWidget* Focused() {
@@ -31,14 +60,33 @@ void Enter() {
     Key(Qt::Key_Return);
 }
 
+namespace {
+
+// A click into a window activates it, as a window manager does. A window closed just before may
+// still be handing the activation back to its opener, so the keyboard is waited for too.
+void ActivateWindowOf(QWidget* control) {
+    QWidget* window = control->window();
+    for (int wait = 0; wait < 200; ++wait) {
+        if (window->isActiveWindow() && Focused() != nullptr && Focused()->window() == window)
+            return;
+        window->activateWindow();
+        QTest::qWait(10);
+    }
+    qFatal("%s did not get the keyboard", qPrintable(window->objectName()));
+}
+
+}  // namespace
+
 void FocusOn(QWidget* control) {
+    ActivateWindowOf(control);
     const auto* list = qobject_cast<QComboBox*>(control);
     if (qobject_cast<QLineEdit*>(control) != nullptr || (list != nullptr && list->isEditable()))
         QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
     for (int tabs = 0; Focused() != control && tabs < 80; ++tabs)
         Key(Qt::Key_Tab);
     if (Focused() != control)
-        qFatal("the keyboard does not reach %s", qPrintable(control->objectName()));
+        qFatal("the keyboard does not reach %s (at %s)", qPrintable(control->objectName()),
+               Focused() ? qPrintable(Focused()->objectName()) : "nothing");
 }
 
 void Type(QWidget* field, const QString& text) {
@@ -64,6 +112,7 @@ void Choose(QComboBox* list, const QString& text) {
 }
 
 void Press(QWidget* button) {
+    ActivateWindowOf(button);
     // A tick box or option answers a click on its mark, not anywhere in its stretched width.
     const bool marked = qobject_cast<QPushButton*>(button) == nullptr;
     QTest::mouseClick(button, Qt::LeftButton, {},

@@ -34,6 +34,21 @@ struct Club {
 
 using Texts = std::vector<std::string>;
 
+// A data file of the window tests (tests/ui/data): its whole text, and its lines without the
+// blank ones and the "#" comments.
+std::string DataText(const QString& name);
+QStringList DataLines(const QString& name);
+// A data file of cases, one a line, its fields separated by tabs, the first naming the case, as
+// a Qt Test table of one column; Case() is the current case's fields after the name.
+void CasesFrom(const QString& name);
+QStringList Case();
+
+// A small club register: three people, three models, three boats with two handicaps, and one
+// series with a race that Blue Moon and John Smith entered.
+struct Register : Club {
+    Register() { db.Exec(DataText("register.sql")); }
+};
+
 // Adds a named row to a Qt Test table, one value per column in order; a table of cases is
 // one column holding a struct.
 template <typename... Values>
