@@ -1,13 +1,8 @@
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
+// The entry editor: a boat's entry shown with its races and handicaps, a typed entry date that
+// is a date only, and nothing typed lost on the close box.
+
 #include <QtTest>
 
-#include "app/Globals.h"
-#include "data/Conversions.h"
 #include "support/WindowTesting.h"
 #include "ui/frmEntryDetail.h"
 
@@ -15,16 +10,9 @@ using namespace tb::test;
 
 namespace {
 
-// The June series of june-evenings.sql.
-struct JuneEvenings : Club {
-    JuneEvenings() { db.Exec(DataText("june-evenings.sql")); }
-};
-
-// The entry editor open on the June series.
-struct Entries : JuneEvenings {
-    Entries() { ShowActive(window); }
-    tb::frmEntryDetail window{results, 1};
-    Controls c{&window};
+// The entry editor open on the June series of june-evenings.sql.
+struct Entries : Club {
+    Entries() { db.Exec(DataText("june-evenings.sql")); }
 };
 
 }  // namespace
@@ -33,38 +21,39 @@ class TestEntryEditor : public QObject {
     Q_OBJECT
 private slots:
     void opensOnTheFirstEnteredBoatWithItsRacesAndHandicaps() {
-        Entries e;
-        QCOMPARE(Items(e.c.Get<QComboBox>("SelEntry")),
+        Entries club;
+        Opened<tb::frmEntryDetail> c(club.results, 1);
+        QCOMPARE(Items(c.Get<QComboBox>("SelEntry")),
                  QStringList{QString("Avocet").leftJustified(34) + "IRL 7"});
-        QCOMPARE(e.c.Current("SelEntrant"), QString("Smith, Bob"));
-        QCOMPARE(e.c.Text("tEntryDate"), QString("01/06/2002"));
-        QCOMPARE(Lines(e.c.Get<QListWidget>("listSchedule")).mid(0, 3),
+        QCOMPARE(c.Current("SelEntrant"), QString("Smith, Bob"));
+        QCOMPARE(c.Text("tEntryDate"), QString("01/06/2002"));
+        QCOMPARE(Lines(c.Get<QListWidget>("listSchedule")).mid(0, 3),
                  QStringList({" 10/06/02 " + QString("Race 1").leftJustified(29) + "  **",
                               "*17/06/02 " + QString("Race 2").leftJustified(29),
                               " 24/06/02 " + QString("Race 3").leftJustified(29) + "0.950"}));
-        QVERIFY(e.messages.shown.empty());
+        QVERIFY(club.messages.shown.empty());
     }
 
     void anEntryDateWithATimeIsRefusedAndTheCloseBoxOffersToSave() {
-        Entries e;
-        e.c.Type("tEntryDate", "02/06/2002 10:00");
-        e.c.Press("cmdOK");
-        QCOMPARE(Shown(e.messages), QStringList{"E-Please specify a valid entry date"});
-        e.c.Type("tEntryDate", "02/06/2002");
-        e.messages.answers = {true};
-        e.window.close();
-        QCOMPARE(e.messages.questions, Texts{"Do you want to save the changes?"});
-        QCOMPARE(e.db.Text("SELECT EntryDate FROM Entrant"), std::string("2002-06-02 00:00:00"));
-        QVERIFY(!e.window.isVisible());
+        Entries club;
+        Opened<tb::frmEntryDetail> c(club.results, 1);
+        c.Type("tEntryDate", "02/06/2002 10:00");
+        c.Press("cmdOK");
+        QCOMPARE(Shown(club.messages), QStringList{"E-Please specify a valid entry date"});
+        c.Type("tEntryDate", "02/06/2002");
+        club.messages.answers = {true};
+        c.w.close();
+        QCOMPARE(club.messages.questions, Texts{"Do you want to save the changes?"});
+        QCOMPARE(club.db.Text("SELECT EntryDate FROM Entrant"), std::string("2002-06-02 00:00:00"));
+        QVERIFY(!c.w.isVisible());
     }
 
     void editDetailsWithoutABoatSaysSoAndOpensNothing() {
-        JuneEvenings club;
+        Entries club;
         club.db.Exec("DELETE FROM Entrant");
-        tb::frmEntryDetail window{club.results, 1};
-        ShowActive(window);
+        Opened<tb::frmEntryDetail> c(club.results, 1);
         const NextModal editor;
-        Press(Find<QWidget>(&window, "cmdEdit"));
+        c.Press("cmdEdit");
         QCOMPARE(Shown(club.messages), QStringList{"E-No boat is selected"});
         SettleEvents();
         QCOMPARE(editor.name, QString());

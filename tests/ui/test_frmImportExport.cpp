@@ -1,6 +1,4 @@
-#include <QApplication>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QtTest>
@@ -17,9 +15,9 @@ const QString kCsv = QString(TALLYBOARD_TEST_FIXTURES) + "/csv/";
 // Tabs from the kind to the file field, types the path and presses Enter.
 void OpenFile(const QString& path) {
     Key(Qt::Key_Tab);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(QApplication::focusWidget(), path);
-    Key(Qt::Key_Return);
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Keys(path);
+    Enter();
 }
 
 QStringList Headings(const QTableWidget* table) {
@@ -38,9 +36,7 @@ private slots:
     // shows which column each field is read as and imports whole.
     void previewsThenImportsTheWholeFile() {
         Club club;
-        tb::frmImportExport window(club.results, 0);
-        ShowActive(window);
-        Controls c{&window};
+        Opened<tb::frmImportExport> c(club.results, 0);
         Key(Qt::Key_Down);
         Key(Qt::Key_Down);
         QCOMPARE(c.Current("SelKind"), QString("Boats"));
@@ -60,7 +56,7 @@ private slots:
         QVERIFY(Lines(c.Get<QListWidget>("listProblems")).isEmpty());
         QCOMPARE(club.db.Count("Boat"), 0);
 
-        QTest::mouseClick(c.Get<QPushButton>("cmdImport"), Qt::LeftButton);
+        c.Press("cmdImport");
         QCOMPARE(club.db.Count("Boat"), 4);
         QCOMPARE(club.db.Count("People"), 4);
         QCOMPARE(c.Label("lInfo"),

@@ -12,28 +12,8 @@
 using namespace tb;
 using namespace tb::test;
 
-namespace {
-
 const QString kTitleStart = QStringLiteral("Tallyboard") + QString(19, QLatin1Char(' ')) +
                             QStringLiteral("Data last updated ");
-
-struct Recalled {
-    std::string year, series;
-    QString yearShown;
-    QStringList listed;
-};
-
-struct Refusal {
-    QString situation, button, message;
-};
-
-struct Opening {
-    QString button, window;
-    int selectedId;
-    QStringList shown;
-};
-
-}  // namespace
 
 class MainWindowTest : public QObject {
     Q_OBJECT
@@ -46,29 +26,12 @@ private:
     std::unique_ptr<frmMain> main;
     Controls c{nullptr};
 
-    int AddSeries(const std::string& title) {
-        db->Exec("INSERT INTO Series (Title, Scoring, Discards) VALUES ('" + title + "', 1, 1)");
-        return static_cast<int>(db->raw().getLastInsertRowid());
-    }
-    int AddRace(int series, const std::string& name, const std::string& date) {
-        db->Exec("INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (" +
-                 std::to_string(series) + ", '" + name + "', '" + date + " 00:00:00')");
-        return static_cast<int>(db->raw().getLastInsertRowid());
-    }
-    void Remember(const std::string& parameter, const std::string& value) {
-        db->Exec("INSERT OR REPLACE INTO Settings (Parameter, Value) VALUES ('" + parameter +
-                 "', '" + value + "')");
-    }
-    std::string Remembered(const std::string& parameter) {
-        return db->Text("SELECT Value FROM Settings WHERE Parameter='" + parameter + "'");
-    }
     void OpenMain() {
         main = std::make_unique<frmMain>(viewer);
         c.window = main.get();
         main->show();
         SettleEvents();
     }
-    QStringList Listed(const char* list) { return Items(c.Get<QComboBox>(list)); }
 
 private slots:
     void init() {
@@ -85,75 +48,47 @@ private slots:
         store.reset();
     }
 
-    void buttonsRefuseUntilTheContextIsComplete_data() {
-        QTest::addColumn<Refusal>("refusal");
-        const QString noSeries = "E-Please first select or create a series";
-        const QString noRace = "E-Please first  select a race or create a schedule for the series";
-        const QString noClass = "I-There are no classes in this series";
-        Row("entries, no series", Refusal{"empty", "cmdEntries", noSeries});
-        Row("results, no series", Refusal{"empty", "cmdResults", noSeries});
-        Row("reports, no series", Refusal{"empty", "cmdReports", noSeries});
-        Row("entries, series without races",
-            Refusal{"no races", "cmdEntries", "E-Please first create a schedule for the series"});
-        Row("results, series without races", Refusal{"no races", "cmdResults", noRace});
-        Row("reports, series without races", Refusal{"no races", "cmdReports", noRace});
-        Row("results, series without classes", Refusal{"no classes", "cmdResults", noClass});
-        Row("reports, series without classes", Refusal{"no classes", "cmdReports", noClass});
-    }
+    void buttonsRefuseUntilTheContextIsComplete_data() { CasesFrom("main-refusals.tsv"); }
     void buttonsRefuseUntilTheContextIsComplete() {
-        QFETCH(Refusal, refusal);
-        if (refusal.situation != "empty") {
-            const int series = AddSeries("Summer Series");
-            if (refusal.situation == "no classes")
-                AddRace(series, "Race 1", "2026-06-07");
-        }
+        const QStringList refusal = Case();
+        if (refusal[0] != "empty")
+            db->Exec(
+                "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Summer', 1, 1)");
+        if (refusal[0] == "no classes")
+            db->Exec("INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2026-06-07 00:00:00')");
         OpenMain();
         const NextModal opened;
-        c.Press(refusal.button.toLatin1().constData());
-        QCOMPARE(Shown(*messages), QStringList({refusal.message}));
+        c.Press(refusal[1].toLatin1());
+        QCOMPARE(Shown(*messages), QStringList({refusal[2]}));
         QVERIFY(opened.name.isEmpty());
     }
 
     void buttonsOpenTheirWindowsAndTheListsAreRefreshedAfterwards_data() {
-        QTest::addColumn<Opening>("opening");
-        Row("series", Opening{"cmdSeries", "frmSeries", 7, {}});
-        Row("entries", Opening{"cmdEntries", "frmEntryDetail", 7, {}});
-        Row("results",
-            Opening{"cmdResults", "frmResults", 7, {"I-This race does not have any entrants"}});
-        Row("reports", Opening{"cmdReports", "frmReport", 7, {}});
-        Row("boats", Opening{"cmdBoats", "frmBoatDetail", -1, {}});
-        Row("people", Opening{"cmdPeople", "frmPeopleDetail", 0, {}});
-        Row("scoring", Opening{"cmdScoring", "frmScoring", 7, {}});
-        Row("options", Opening{"cmdSettings", "frmOptions", 7, {}});
+        CasesFrom("main-openings.tsv");
     }
     void buttonsOpenTheirWindowsAndTheListsAreRefreshedAfterwards() {
-        QFETCH(Opening, opening);
-        const int summer = AddSeries("Summer Series");
-        const int race = AddRace(summer, "Race 1", "2026-06-07");
-        db->Exec("INSERT INTO HandicapType (Id, Description) VALUES (1, 'Club')");
-        db->Exec("INSERT INTO Class (Id, Series, ClassName, HandicapType) VALUES (1, " +
-                 std::to_string(summer) + ", 'Cruisers', 1)");
-        // A started class keeps the results window from opening the start times window itself.
-        db->Exec("INSERT INTO Start (Schedule, Class, StartTime) VALUES (" + std::to_string(race) +
-                 ", 1, '2026-06-07 18:30:00')");
-        Remember("LastModified", "01 Jun 2026 09:00");
+        const QStringList opening = Case();
+        db->Exec(DataText("main-season.sql"));
         SelectedId = 7;
-
         OpenMain();
         QString shared = SharedAccelerators(*main);
         const NextModal opened([&](QDialog& window) {
             shared += SharedAccelerators(window);
-            AddRace(AddSeries("Autumn Series"), "Race 1", "2026-10-04");
-            Remember("LastModified", "02 Jun 2026 10:15");
+            db->Exec(
+                "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Autumn Series', 1, "
+                "1);"
+                "INSERT INTO Schedule (Series, RaceDate) VALUES (2, '2026-10-04 00:00:00');"
+                "UPDATE Settings SET Value = '02 Jun 2026 10:15' WHERE Parameter = 'LastModified'");
         });
-        c.Press(opening.button.toLatin1().constData());
-        QCOMPARE(opened.name, opening.window);
+        c.Press(opening[0].toLatin1());
+        QCOMPARE(opened.name, opening[1]);
         QCOMPARE(shared, QString());
-        QCOMPARE(SelectedId, opening.selectedId);
+        QCOMPARE(SelectedId, opening[2].toInt());
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
-        QCOMPARE(Listed("SelSeries"), QStringList({"Autumn Series", "Summer Series"}));
-        QCOMPARE(main->CurrentSeriesId(), summer);
-        QCOMPARE(Shown(*messages), opening.shown);
+        QCOMPARE(Items(c.Get<QComboBox>("SelSeries")),
+                 QStringList({"Autumn Series", "Summer Series"}));
+        QCOMPARE(main->CurrentSeriesId(), 1);
+        QCOMPARE(Shown(*messages), opening[3].isEmpty() ? QStringList() : QStringList{opening[3]});
     }
 
     void anUnusableDataFileIsReportedOnce_data() {
@@ -192,7 +127,7 @@ private slots:
         const NextModal boats;
         c.Press("cmdBoats");
         QCOMPARE(Shown(*messages), QStringList());
-        QCOMPARE(Listed("SelSeries"), QStringList({"Summer Series"}));
+        QCOMPARE(Items(c.Get<QComboBox>("SelSeries")), QStringList({"Summer Series"}));
         QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
     }
 

@@ -113,6 +113,18 @@ struct Controls {
 // Shows the window and waits until it has the keyboard, as a user's window would.
 void ShowActive(QWidget& window);
 
+// A window made from the arguments, shown with the keyboard; its controls by name.
+template <typename Window>
+struct Opened : Controls {
+    template <typename... Arguments>
+    explicit Opened(Arguments&&... arguments)
+        : Controls{nullptr}, w(std::forward<Arguments>(arguments)...) {
+        Controls::window = &w;
+        ShowActive(w);
+    }
+    Window w;
+};
+
 // Points the user's settings store at a temporary folder, empty, for the lifetime of the object.
 class TemporarySettingsStore {
 public:
