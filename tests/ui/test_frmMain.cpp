@@ -93,8 +93,8 @@ private slots:
 
     void anUnusableDataFileIsReportedOnce_data() {
         QTest::addColumn<bool>("exists");
-        Row("missing", false);
-        Row("not a database", true);
+        QTest::newRow("missing") << false;
+        QTest::newRow("not a database") << true;
     }
     void anUnusableDataFileIsReportedOnce() {
         QFETCH(bool, exists);

@@ -8,7 +8,6 @@
 #include <fstream>
 
 #include "app/Globals.h"
-#include "support/RaceDay.h"
 #include "support/WindowTesting.h"
 #include "ui/frmReport.h"
 

@@ -7,7 +7,6 @@
 #include <QtTest>
 
 #include "data/clResults.h"
-#include "support/RaceDay.h"
 #include "support/WindowTesting.h"
 #include "ui/frmResults.h"
 
@@ -131,18 +130,20 @@ private slots:
     void aFinishIsStoredOnTheDayItsOptionNames_data() { CasesFrom("results-finish-days.tsv"); }
     void aFinishIsStoredOnTheDayItsOptionNames() {
         const QStringList finish = Case();
-        const QString &option = finish[0], &date = finish[1], &stored = finish[2];
+        const QString &option = finish[0], &date = finish[1], &status = finish[2];
         Window w;
         w.Open();
         w.FindBoat("1234");
+        if (!status.isEmpty())
+            Choose(w.Get<QComboBox>("SelStatus"), status);
         Press(w.Get(option.toLatin1()));
         QCOMPARE(w.Get("tDate")->isVisible(), !date.isEmpty());
         if (!date.isEmpty())
             Type(w.Get("tDate"), date);
         Type(w.Get("tTime"), "143512");
         Enter();
-        QCOMPARE(w.Stored(w.alpha), stored.toStdString());
-        QCOMPARE(w.Stored(w.alpha, "Status"), std::string("9"));  // chosen by the typed time
+        QCOMPARE(w.Stored(w.alpha), finish[3].toStdString());
+        QCOMPARE(w.Stored(w.alpha, "Status"), finish[4].toStdString());
         QCOMPARE(w.Info(), QString("Result saved"));
         QCOMPARE(Focused(), w.Get("SelEntry"));
         // Shown again, the finish picks its option and its time is ready to be typed over.
@@ -176,24 +177,6 @@ private slots:
         QCOMPARE(w.day.db.Count("Results"), 0LL);
     }
 
-    void aTypedTimeChoosesFinishedOnlyOverNoStatusOrTheSecond() {
-        const std::pair<QString, std::string> cases[] = {
-            {"", "9"},
-            {"DNC - Did not come to the starting area", "9"},
-            {"DNF - Did not finish", "4"}};
-        for (const auto& [chosen, stored] : cases) {
-            const CaseTrace trace(chosen);
-            Window w;
-            w.Open();
-            w.FindBoat("Alpha");
-            if (!chosen.isEmpty())
-                Choose(w.Get<QComboBox>("SelStatus"), chosen);
-            Type(w.Get("tTime"), "143512");
-            Enter();
-            QCOMPARE(w.Stored(w.alpha, "Status"), stored);
-        }
-    }
-
     void pickingTheShownBoatAgainAfterEditingItsTextBringsItsFieldsBack() {
         Window w;
         w.Open();
@@ -225,27 +208,30 @@ private slots:
         QCOMPARE(w.Stored(w.bravo, "Status"), std::string("5"));
     }
 
+    void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow_data() {
+        QTest::addColumn<bool>("closing");
+        QTest::newRow("finding another boat") << false;
+        QTest::newRow("closing") << true;
+    }
     void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow() {
-        for (const bool closing : {false, true}) {
-            const CaseTrace trace(closing ? "closing" : "finding another boat");
-            Window w;
-            w.Open();
-            w.FindBoat("Alpha");
-            Keys("999999");
-            w.messages.answers = {true};
-            if (closing)
-                Key(Qt::Key_Escape);
-            else
-                w.FindBoat("Bravo");
-            QCOMPARE(w.Info(), QString("Finish time is invalid"));
-            QVERIFY(w.window->isVisible());
-            QCOMPARE(w.Get<QComboBox>("SelEntry")->currentData().toInt(), w.alpha);
-            // Escape, answering not to save, leaves without a trace.
-            w.messages.answers = {false};
+        QFETCH(bool, closing);
+        Window w;
+        w.Open();
+        w.FindBoat("Alpha");
+        Keys("999999");
+        w.messages.answers = {true};
+        if (closing)
             Key(Qt::Key_Escape);
-            QVERIFY(!w.window->isVisible());
-            QCOMPARE(w.day.db.Count("Results"), 0LL);
-        }
+        else
+            w.FindBoat("Bravo");
+        QCOMPARE(w.Info(), QString("Finish time is invalid"));
+        QVERIFY(w.window->isVisible());
+        QCOMPARE(w.Get<QComboBox>("SelEntry")->currentData().toInt(), w.alpha);
+        // Escape, answering not to save, leaves without a trace.
+        w.messages.answers = {false};
+        Key(Qt::Key_Escape);
+        QVERIFY(!w.window->isVisible());
+        QCOMPARE(w.day.db.Count("Results"), 0LL);
     }
 
     void startsComeFirstAndAFailureToReadThemLeavesNothingToSave() {

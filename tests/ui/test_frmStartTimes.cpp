@@ -5,7 +5,6 @@
 #include <QtTest>
 
 #include "data/clResults.h"
-#include "support/RaceDay.h"
 #include "support/WindowTesting.h"
 #include "ui/frmStartTimes.h"
 

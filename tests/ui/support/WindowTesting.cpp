@@ -8,13 +8,9 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
+#include <QTimer>
 
 namespace tb::test {
-
-CaseTrace::~CaseTrace() {
-    if (QTest::currentTestFailed())
-        qWarning("in case: %s", qPrintable(name_));
-}
 
 std::string DataText(const QString& name) {
     QFile file(QStringLiteral(TALLYBOARD_UI_TEST_DATA "/") + name);
@@ -208,6 +204,58 @@ TemporarySettingsStore::~TemporarySettingsStore() {
 
 void SettleEvents() {
     QTest::qWait(10);
+}
+
+NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique<QTimer>()) {
+    QObject::connect(poll_.get(), &QTimer::timeout, [this, act = std::move(act)] {
+        auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (window == nullptr || !window->isVisible())
+            return;
+        poll_->stop();
+        name = window->objectName();
+        // The keyboard goes to the new window, as a window manager gives it.
+        window->activateWindow();
+        if (!QTest::qWaitForWindowActive(window))
+            qFatal("%s did not become active", qPrintable(name));
+        if (act)
+            act(*window);
+        if (window->isVisible())
+            window->done(QDialog::Rejected);
+    });
+    poll_->start(5);
+}
+
+NextModal::~NextModal() = default;
+
+RaceDay::RaceDay() {
+    db.Exec(DataText("race-day.sql"));
+}
+
+int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
+                     int classId, double tcf) {
+    const std::string n = std::to_string(++boats_);
+    db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
+            "')");
+    db.Insert("INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) VALUES (" + n +
+                  ", ?1, ?2, " + std::to_string(sailNo) + ", 1, " + n + ")",
+              {name, fullSailNo});
+    db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES (" + n +
+            ", 1, " + std::to_string(tcf) +
+            ", '2000-01-01 00:00:00');"
+            "INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType, Entrant) VALUES (" +
+            n + ", 1, " + n + ", " + std::to_string(classId) + ", 0, " + n +
+            ");"
+            "INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
+            n + ", 10)");
+    return boats_;
+}
+
+void RaceDay::Start(int classId, const std::string& hhmm) {
+    const std::string cls = std::to_string(classId);
+    db.Exec("DELETE FROM Start WHERE Schedule=10 AND Class=" + cls +
+            ";"
+            "INSERT INTO Start (Schedule, Class, StartTime) VALUES (10, " +
+            cls + ", '2005-06-12 " + hhmm.substr(0, 2) + ":" + hhmm.substr(2, 2) + ":00')");
 }
 
 }  // namespace tb::test

@@ -1,19 +1,23 @@
 #pragma once
 
 #include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QString>
 #include <QStringList>
 #include <QTest>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "data/clResults.h"
-#include "support/ModalWindows.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 #include "ui/ReportViewer.h"
+
+class QTimer;
 
 namespace tb::test {
 
@@ -47,26 +51,6 @@ QStringList Case();
 // series with a race that Blue Moon and John Smith entered.
 struct Register : Club {
     Register() { db.Exec(DataText("register.sql")); }
-};
-
-// Adds a named row to a Qt Test table, one value per column in order; a table of cases is
-// one column holding a struct.
-template <typename... Values>
-void Row(const char* name, Values... values) {
-    (QTest::newRow(name) << ... << values);
-}
-
-// Names the case in the log when a check fails inside a loop over cases, as Qt Test reports
-// only the line.
-class CaseTrace {
-public:
-    explicit CaseTrace(QString name) : name_(std::move(name)) {}
-    ~CaseTrace();
-    CaseTrace(const CaseTrace&) = delete;
-    CaseTrace& operator=(const CaseTrace&) = delete;
-
-private:
-    QString name_;
 };
 
 // A person's input, through the real path only: keys go to whatever has the keyboard
@@ -147,5 +131,43 @@ public:
 
 // Lets queued work (the first activation of a window) run.
 void SettleEvents();
+
+// While it lives, waits for the next modal window that a button opens with exec(), lets `act`
+// fill it in, then closes it if `act` left it open (as a refused save does), so a test cannot
+// hang on it. `name` tells which window opened; it stays empty when none did.
+class NextModal {
+public:
+    explicit NextModal(std::function<void(QDialog&)> act = {});
+    ~NextModal();
+    NextModal(const NextModal&) = delete;
+    NextModal& operator=(const NextModal&) = delete;
+
+    QString name;
+
+private:
+    std::unique_ptr<QTimer> poll_;
+};
+
+// A race evening in a fresh database: series "Summer Series" (Id 1) with "Class 1" and
+// "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10). Boats are entered in
+// the series and the race with a handicap of 1.000 valid all season.
+class RaceDay {
+public:
+    RaceDay();
+
+    int AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo, int classId,
+                double tcf = 1.0);
+    // Starts the class in race 10 at hh:mm on the race day.
+    void Start(int classId, const std::string& hhmm);
+
+    TestDatabase db;
+    static constexpr int kSeries = 1;
+    static constexpr int kRace = 10;
+    static constexpr int kClass1 = 1;
+    static constexpr int kClass2 = 2;
+
+private:
+    int boats_ = 0;
+};
 
 }  // namespace tb::test
