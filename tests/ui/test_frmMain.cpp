@@ -15,51 +15,40 @@ using namespace tb::test;
 const QString kTitleStart = QStringLiteral("Tallyboard") + QString(19, QLatin1Char(' ')) +
                             QStringLiteral("Data last updated ");
 
-class MainWindowTest : public QObject {
-    Q_OBJECT
-
-private:
-    std::unique_ptr<TemporarySettingsStore> store;
-    std::unique_ptr<TestDatabase> db;
-    std::unique_ptr<RecordingMessages> messages;
+// The main window over a fresh database that the user's settings name.
+struct Main {
+    TemporarySettingsStore store;
+    TestDatabase db;
+    RecordingMessages messages;
     RecordingViewer viewer;
     std::unique_ptr<frmMain> main;
     Controls c{nullptr};
-
-    void OpenMain() {
+    Main() { WriteStartupSetting(kDataFileKey, QString::fromStdString(db.path())); }
+    void Open() {
         main = std::make_unique<frmMain>(viewer);
         c.window = main.get();
         main->show();
         SettleEvents();
     }
+};
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
 
 private slots:
-    void init() {
-        store = std::make_unique<TemporarySettingsStore>();
-        db = std::make_unique<TestDatabase>();
-        WriteStartupSetting(kDataFileKey, QString::fromStdString(db->path()));
-        messages = std::make_unique<RecordingMessages>();
-        viewer.opened.clear();
-    }
-    void cleanup() {
-        main.reset();
-        messages.reset();
-        db.reset();
-        store.reset();
-    }
-
     void buttonsRefuseUntilTheContextIsComplete_data() { CasesFrom("main-refusals.tsv"); }
     void buttonsRefuseUntilTheContextIsComplete() {
+        Main m;
         const QStringList refusal = Case();
         if (refusal[0] != "empty")
-            db->Exec(
+            m.db.Exec(
                 "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Summer', 1, 1)");
         if (refusal[0] == "no classes")
-            db->Exec("INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2026-06-07 00:00:00')");
-        OpenMain();
+            m.db.Exec("INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2026-06-07 00:00:00')");
+        m.Open();
         const NextModal opened;
-        c.Press(refusal[1].toLatin1());
-        QCOMPARE(Shown(*messages), QStringList({refusal[2]}));
+        m.c.Press(refusal[1].toLatin1());
+        QCOMPARE(Shown(m.messages), QStringList({refusal[2]}));
         QVERIFY(opened.name.isEmpty());
     }
 
@@ -67,28 +56,29 @@ private slots:
         CasesFrom("main-openings.tsv");
     }
     void buttonsOpenTheirWindowsAndTheListsAreRefreshedAfterwards() {
+        Main m;
         const QStringList opening = Case();
-        db->Exec(DataText("main-season.sql"));
+        m.db.Exec(DataText("main-season.sql"));
         SelectedId = 7;
-        OpenMain();
-        QString shared = SharedAccelerators(*main);
+        m.Open();
+        QString shared = SharedAccelerators(*m.main);
         const NextModal opened([&](QDialog& window) {
             shared += SharedAccelerators(window);
-            db->Exec(
+            m.db.Exec(
                 "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Autumn Series', 1, "
                 "1);"
                 "INSERT INTO Schedule (Series, RaceDate) VALUES (2, '2026-10-04 00:00:00');"
                 "UPDATE Settings SET Value = '02 Jun 2026 10:15' WHERE Parameter = 'LastModified'");
         });
-        c.Press(opening[0].toLatin1());
+        m.c.Press(opening[0].toLatin1());
         QCOMPARE(opened.name, opening[1]);
         QCOMPARE(shared, QString());
         QCOMPARE(SelectedId, opening[2].toInt());
-        QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
-        QCOMPARE(Items(c.Get<QComboBox>("SelSeries")),
+        QCOMPARE(m.main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
+        QCOMPARE(Items(m.c.Get<QComboBox>("SelSeries")),
                  QStringList({"Autumn Series", "Summer Series"}));
-        QCOMPARE(main->CurrentSeriesId(), 1);
-        QCOMPARE(Shown(*messages), opening[3].isEmpty() ? QStringList() : QStringList{opening[3]});
+        QCOMPARE(m.main->CurrentSeriesId(), 1);
+        QCOMPARE(Shown(m.messages), opening[3].isEmpty() ? QStringList() : QStringList{opening[3]});
     }
 
     void anUnusableDataFileIsReportedOnce_data() {
@@ -97,22 +87,23 @@ private slots:
         QTest::newRow("not a database") << true;
     }
     void anUnusableDataFileIsReportedOnce() {
+        Main m;
         QFETCH(bool, exists);
-        const std::string path = db->folder() + "/later.db";
+        const std::string path = m.db.folder() + "/later.db";
         if (exists) {
             SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
                 .exec("CREATE TABLE Notes (Line TEXT)");
         }
         WriteStartupSetting(kDataFileKey, QString::fromStdString(path));
 
-        OpenMain();
-        const QStringList shown = Shown(*messages);
+        m.Open();
+        const QStringList shown = Shown(m.messages);
         QCOMPARE(shown.size(), 1);
         QVERIFY2(shown.front().startsWith("C-Error ") && shown.front().contains(" in ConnectDb"),
                  qPrintable(shown.front()));
         for (const char* list : {"SelYear", "SelSeries", "SelRace"})
-            QCOMPARE(c.Get<QComboBox>(list)->count(), 0);
-        QCOMPARE(main->windowTitle(), kTitleStart);
+            QCOMPARE(m.c.Get<QComboBox>(list)->count(), 0);
+        QCOMPARE(m.main->windowTitle(), kTitleStart);
         if (exists)
             return;
 
@@ -123,17 +114,18 @@ private slots:
                 "INSERT INTO Series (Title) VALUES ('Summer Series');"
                 "INSERT INTO Settings (Parameter, Value) VALUES ('LastModified', '03 Jun 2026 "
                 "08:30')");
-        messages->Clear();
+        m.messages.Clear();
         const NextModal boats;
-        c.Press("cmdBoats");
-        QCOMPARE(Shown(*messages), QStringList());
-        QCOMPARE(Items(c.Get<QComboBox>("SelSeries")), QStringList({"Summer Series"}));
-        QCOMPARE(main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
+        m.c.Press("cmdBoats");
+        QCOMPARE(Shown(m.messages), QStringList());
+        QCOMPARE(Items(m.c.Get<QComboBox>("SelSeries")), QStringList({"Summer Series"}));
+        QCOMPARE(m.main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
     }
 
     // A fresh account starting an installed copy: a new database and the style sheets in the
     // user's data folder, the settings pointed at the database, and no message at all.
     void aFirstStartMakesTheUsersDatabaseWithoutAMessage() {
+        Main m;
         TempFolder root;
         const std::string installed = root.path() + "/usr/share/tallyboard";
         std::filesystem::create_directories(installed);
@@ -142,16 +134,16 @@ private slots:
         qputenv("XDG_DATA_HOME", QByteArray::fromStdString(root.path() + "/data"));
         WriteStartupSetting(kDataFileKey, QString());
 
-        OpenMain();
+        m.Open();
         SetProgramFolder("");
         qunsetenv("XDG_DATA_HOME");
         const std::string user = root.path() + "/data/Tallyboard/";
-        QCOMPARE(Shown(*messages), QStringList());
+        QCOMPARE(Shown(m.messages), QStringList());
         QCOMPARE(DataFile, user + "Tallyboard.db");
         QCOMPARE(ReadStartupSetting(kDataFileKey).toStdString(), DataFile);
         QCOMPARE(ReportPath, user + "Reports/");
         QVERIFY(std::filesystem::is_regular_file(ReportPath + "results.xsl"));
-        QCOMPARE(main->windowTitle(), kTitleStart);
+        QCOMPARE(m.main->windowTitle(), kTitleStart);
     }
 };
 

@@ -14,29 +14,26 @@ using namespace tb::test;
 
 namespace {
 
-struct Window {
+struct Window : Controls {
     RaceDay day;
     tb::clResults results;
     RecordingMessages messages;
-    std::unique_ptr<tb::frmResults> window;
+    std::unique_ptr<tb::frmResults> form;
     int alpha = day.AddBoat("Alpha", "GBR 1234", 1234, RaceDay::kClass1);
     int bravo = day.AddBoat("Bravo", "GBR 567", 567, RaceDay::kClass1);
     int charlie = day.AddBoat("Charlie", "IRL 99", 99, RaceDay::kClass2);
 
     // Class 1 starts at 14:00; class 2 has not started.
-    Window() { day.Start(RaceDay::kClass1, "1400"); }
+    Window() : Controls{nullptr} { day.Start(RaceDay::kClass1, "1400"); }
     void Open() {
-        window = std::make_unique<tb::frmResults>(results, RaceDay::kSeries, RaceDay::kRace);
-        ShowActive(*window);
+        form = std::make_unique<tb::frmResults>(results, RaceDay::kSeries, RaceDay::kRace);
+        window = form.get();
+        ShowActive(*form);
     }
-    template <typename T = QWidget>
-    T* Get(const char* name) {
-        return Find<T>(window.get(), name);
-    }
-    QString Info() { return Get<QLabel>("lInfo")->text(); }
+    QString Info() const { return Label("lInfo"); }
     // Types into the boat box, which has the keyboard after a save, and presses Enter.
     void FindBoat(const QString& typed) {
-        Type(Get("SelEntry"), typed);
+        Type("SelEntry", typed);
         Enter();
     }
     std::string Stored(int entrant, const std::string& column = "FinishTime") {
@@ -225,12 +222,12 @@ private slots:
         else
             w.FindBoat("Bravo");
         QCOMPARE(w.Info(), QString("Finish time is invalid"));
-        QVERIFY(w.window->isVisible());
+        QVERIFY(w.form->isVisible());
         QCOMPARE(w.Get<QComboBox>("SelEntry")->currentData().toInt(), w.alpha);
         // Escape, answering not to save, leaves without a trace.
         w.messages.answers = {false};
         Key(Qt::Key_Escape);
-        QVERIFY(!w.window->isVisible());
+        QVERIFY(!w.form->isVisible());
         QCOMPARE(w.day.db.Count("Results"), 0LL);
     }
 
@@ -242,10 +239,10 @@ private slots:
             Enter();
             Enter();
         });
-        w.window = std::make_unique<tb::frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
-        w.window->show();
+        w.form = std::make_unique<tb::frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
+        w.form->show();
         QTRY_COMPARE(startTimes.name, QString("frmStartTimes"));
-        ShowActive(*w.window);
+        ShowActive(*w.form);
         QCOMPARE(w.day.db.Text("SELECT StartTime FROM Start WHERE Class=1"),
                  std::string("2005-06-12 14:00:00"));
 

@@ -40,22 +40,6 @@ QStringList Case() {
     return fields;
 }
 
-QWidget* Focused() {
-    return QApplication::focusWidget();
-}
-
-void Keys(const QString& text) {
-    QTest::keyClicks(Focused(), text);
-}
-
-void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(Focused(), key, modifiers);
-}
-
-void Enter() {
-    Key(Qt::Key_Return);
-}
-
 namespace {
 
 // A click into a window activates it, as a window manager does. A window closed just before may
@@ -161,30 +145,6 @@ QString LastShown(const RecordingMessages& messages) {
     return messages.shown.empty() ? QString() : QString::fromStdString(messages.shown.back().text);
 }
 
-void Controls::Press(const char* button) const {
-    test::Press(Get<QWidget>(button));
-}
-
-void Controls::Type(const char* field, const QString& text) const {
-    test::Type(Get<QWidget>(field), text);
-}
-
-void Controls::Choose(const char* list, const QString& text) const {
-    test::Choose(Get<QComboBox>(list), text);
-}
-
-QString Controls::Text(const char* field) const {
-    return Get<QLineEdit>(field)->text();
-}
-
-QString Controls::Current(const char* list) const {
-    return Get<QComboBox>(list)->currentText();
-}
-
-QString Controls::Label(const char* label) const {
-    return Get<QLabel>(label)->text();
-}
-
 void ShowActive(QWidget& window) {
     window.show();
     window.activateWindow();
@@ -200,10 +160,6 @@ TemporarySettingsStore::TemporarySettingsStore() {
 
 TemporarySettingsStore::~TemporarySettingsStore() {
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
-}
-
-void SettleEvents() {
-    QTest::qWait(10);
 }
 
 NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique<QTimer>()) {

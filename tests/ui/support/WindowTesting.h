@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QString>
@@ -56,10 +58,18 @@ struct Register : Club {
 // A person's input, through the real path only: keys go to whatever has the keyboard
 // (QApplication::focusWidget()), the keyboard moves by a click into a text field or by Tab, and
 // buttons are pressed with the mouse. Nothing here sets a control's value or emits its signal.
-QWidget* Focused();
-void Keys(const QString& text);
-void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-void Enter();
+inline QWidget* Focused() {
+    return QApplication::focusWidget();
+}
+inline void Keys(const QString& text) {
+    QTest::keyClicks(Focused(), text);
+}
+inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(Focused(), key, modifiers);
+}
+inline void Enter() {
+    Key(Qt::Key_Return);
+}
 // Gives the control the keyboard: a click into a text field, Tab through the window otherwise
 // (a click would open a list or press a button).
 void FocusOn(QWidget* control);
@@ -82,16 +92,20 @@ QString SharedAccelerators(const QWidget& window);
 // Acts on the controls of one window by name.
 struct Controls {
     const QObject* window;
-    template <typename T>
+    template <typename T = QWidget>
     T* Get(const char* name) const {
         return Find<T>(window, name);
     }
-    void Press(const char* button) const;
-    void Type(const char* field, const QString& text) const;
-    void Choose(const char* list, const QString& text) const;
-    QString Text(const char* field) const;
-    QString Current(const char* list) const;
-    QString Label(const char* label) const;
+    void Press(const char* button) const { test::Press(Get<QWidget>(button)); }
+    void Type(const char* field, const QString& text) const {
+        test::Type(Get<QWidget>(field), text);
+    }
+    void Choose(const char* list, const QString& text) const {
+        test::Choose(Get<QComboBox>(list), text);
+    }
+    QString Text(const char* field) const { return Get<QLineEdit>(field)->text(); }
+    QString Current(const char* list) const { return Get<QComboBox>(list)->currentText(); }
+    QString Label(const char* label) const { return Get<QLabel>(label)->text(); }
 };
 
 // Shows the window and waits until it has the keyboard, as a user's window would.
@@ -130,7 +144,9 @@ public:
 };
 
 // Lets queued work (the first activation of a window) run.
-void SettleEvents();
+inline void SettleEvents() {
+    QTest::qWait(10);
+}
 
 // While it lives, waits for the next modal window that a button opens with exec(), lets `act`
 // fill it in, then closes it if `act` left it open (as a refused save does), so a test cannot
