@@ -141,10 +141,6 @@ QStringList Shown(const RecordingMessages& messages) {
     return texts;
 }
 
-QString LastShown(const RecordingMessages& messages) {
-    return messages.shown.empty() ? QString() : QString::fromStdString(messages.shown.back().text);
-}
-
 void ShowActive(QWidget& window) {
     window.show();
     window.activateWindow();
@@ -154,7 +150,7 @@ void ShowActive(QWidget& window) {
 
 TemporarySettingsStore::TemporarySettingsStore() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                       QString::fromStdString(folder_.path()));
+                       QString::fromStdString(folder.path()));
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
 }
 

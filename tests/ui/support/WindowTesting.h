@@ -82,8 +82,6 @@ QStringList Items(const QComboBox* list);
 QStringList Lines(const QListWidget* list);
 // The messages shown, each as kind letter + "-" + text.
 QStringList Shown(const RecordingMessages& messages);
-// The text of the last message shown, without its kind; empty when none was shown.
-QString LastShown(const RecordingMessages& messages);
 
 // The accelerator letters (the "&" of captions) that more than one control of the window uses,
 // each as "letter: captions"; empty when every letter is unique.
@@ -124,15 +122,10 @@ struct Opened : Controls {
 };
 
 // Points the user's settings store at a temporary folder, empty, for the lifetime of the object.
-class TemporarySettingsStore {
-public:
+struct TemporarySettingsStore {
     TemporarySettingsStore();
     ~TemporarySettingsStore();
-    TemporarySettingsStore(const TemporarySettingsStore&) = delete;
-    TemporarySettingsStore& operator=(const TemporarySettingsStore&) = delete;
-
-private:
-    TempFolder folder_;
+    TempFolder folder;
 };
 
 // Records what would have been opened, as "browser: path" or "spreadsheet: path".
