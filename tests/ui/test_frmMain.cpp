@@ -5,7 +5,6 @@
 
 #include "app/Globals.h"
 #include "app/desktop/frmMain.h"
-#include "data/Schema.h"
 #include "support/WindowTesting.h"
 #include "ui/StartupSettings.h"
 
@@ -104,22 +103,6 @@ private slots:
         for (const char* list : {"SelYear", "SelSeries", "SelRace"})
             QCOMPARE(m.c.Get<QComboBox>(list)->count(), 0);
         QCOMPARE(m.main->windowTitle(), kTitleStart);
-        if (exists)
-            return;
-
-        // Once the file is there, the next window opened finds it.
-        QCOMPARE(CreateDatabase(path), std::string());
-        SQLite::Database(path, SQLite::OPEN_READWRITE)
-            .exec(
-                "INSERT INTO Series (Title) VALUES ('Summer Series');"
-                "INSERT INTO Settings (Parameter, Value) VALUES ('LastModified', '03 Jun 2026 "
-                "08:30')");
-        m.messages.Clear();
-        const NextModal boats;
-        m.c.Press("cmdBoats");
-        QCOMPARE(Shown(m.messages), QStringList());
-        QCOMPARE(Items(m.c.Get<QComboBox>("SelSeries")), QStringList({"Summer Series"}));
-        QCOMPARE(m.main->windowTitle(), kTitleStart + QStringLiteral("03 Jun 2026 08:30"));
     }
 
     // A fresh account starting an installed copy: a new database and the style sheets in the

@@ -158,12 +158,12 @@ TemporarySettingsStore::~TemporarySettingsStore() {
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
 }
 
-NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique<QTimer>()) {
-    QObject::connect(poll_.get(), &QTimer::timeout, [this, act = std::move(act)] {
+NextModal::NextModal(std::function<void(QDialog&)> act) : poll(std::make_unique<QTimer>()) {
+    QObject::connect(poll.get(), &QTimer::timeout, [this, act = std::move(act)] {
         auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (window == nullptr || !window->isVisible())
             return;
-        poll_->stop();
+        poll->stop();
         name = window->objectName();
         // The keyboard goes to the new window, as a window manager gives it.
         window->activateWindow();
@@ -174,7 +174,7 @@ NextModal::NextModal(std::function<void(QDialog&)> act) : poll_(std::make_unique
         if (window->isVisible())
             window->done(QDialog::Rejected);
     });
-    poll_->start(5);
+    poll->start(5);
 }
 
 NextModal::~NextModal() = default;
@@ -185,7 +185,7 @@ RaceDay::RaceDay() {
 
 int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
                      int classId, double tcf) {
-    const std::string n = std::to_string(++boats_);
+    const std::string n = std::to_string(++boats);
     db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
             "')");
     db.Insert("INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) VALUES (" + n +
@@ -199,7 +199,7 @@ int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int
             ");"
             "INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
             n + ", 10)");
-    return boats_;
+    return boats;
 }
 
 void RaceDay::Start(int classId, const std::string& hhmm) {

@@ -129,8 +129,7 @@ struct TemporarySettingsStore {
 };
 
 // Records what would have been opened, as "browser: path" or "spreadsheet: path".
-class RecordingViewer : public ReportViewer {
-public:
+struct RecordingViewer : ReportViewer {
     void OpenInBrowser(const QString& path) override { opened << "browser: " + path; }
     void OpenInSpreadsheet(const QString& path) override { opened << "spreadsheet: " + path; }
     QStringList opened;
@@ -144,24 +143,17 @@ inline void SettleEvents() {
 // While it lives, waits for the next modal window that a button opens with exec(), lets `act`
 // fill it in, then closes it if `act` left it open (as a refused save does), so a test cannot
 // hang on it. `name` tells which window opened; it stays empty when none did.
-class NextModal {
-public:
+struct NextModal {
     explicit NextModal(std::function<void(QDialog&)> act = {});
     ~NextModal();
-    NextModal(const NextModal&) = delete;
-    NextModal& operator=(const NextModal&) = delete;
-
     QString name;
-
-private:
-    std::unique_ptr<QTimer> poll_;
+    std::unique_ptr<QTimer> poll;
 };
 
 // A race evening in a fresh database: series "Summer Series" (Id 1) with "Class 1" and
 // "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10). Boats are entered in
 // the series and the race with a handicap of 1.000 valid all season.
-class RaceDay {
-public:
+struct RaceDay {
     RaceDay();
 
     int AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo, int classId,
@@ -175,8 +167,7 @@ public:
     static constexpr int kClass1 = 1;
     static constexpr int kClass2 = 2;
 
-private:
-    int boats_ = 0;
+    int boats = 0;
 };
 
 }  // namespace tb::test
