@@ -85,15 +85,7 @@ TEST_F(PeopleTest, FindsIgnoreCaseTakeApostrophesAndGiveAnEmptyIdForNobody) {
 
 TEST_F(PeopleTest, SeriesOfAPersonNeedARaceAndRemovalLeavesBoatsAndEntries) {
     const int helm = AddPerson("Ann", "Lee");
-    db.Exec("INSERT INTO Series (Id, Title) VALUES (1, 'Spring'), (2, 'No races'), (3, 'Summer')");
-    db.Exec(
-        "INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2010-04-01 00:00:00'),"
-        " (3, '2010-07-01 00:00:00'), (3, '2010-06-01 00:00:00')");
-    for (int series = 1; series <= 3; ++series) {
-        db.Exec("INSERT INTO Entrant (Series, Boat, Entrant) VALUES (" + std::to_string(series) +
-                ", 1, " + std::to_string(helm) + ")");
-    }
-    db.Exec("INSERT INTO Boat (BoatName, Owner) VALUES ('Swift', " + std::to_string(helm) + ")");
+    db.Exec(test::DataFile("data/person-series.sql"));
 
     RowSet series;
     ASSERT_EQ(results.GetSeriesForPerson(helm, series), "");

@@ -132,13 +132,7 @@ TEST_F(ScoringSystemsTest, RemovalTakesTheRowsAndEmptyListsAreNoError) {
 }
 
 TEST_F(ScoringSystemsTest, SeriesUsingASystemAreListedOncePerTitleWithTheirFirstRace) {
-    db.Exec(
-        "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (1, 'Frostbite', 1, 1),"
-        " (2, 'Frostbite', 1, 1), (3, 'Regatta', 1, 2), (4, 'Unscheduled', 1, 1)");
-    db.Exec(
-        "INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2010-01-10 00:00:00'),"
-        " (2, '2009-01-11 00:00:00'), (2, '2009-02-11 00:00:00'),"
-        " (3, '2010-07-01 00:00:00')");
+    db.Exec(test::DataFile("scoring/systems-in-use.sql"));
     ASSERT_EQ(results.GetSeriesUsingScoring(kLowPoints, rows), "");
     std::string listed = test::Rendered(rows);
     ASSERT_EQ(results.GetSeriesUsingDiscard(kSeededDiscards, rows), "");

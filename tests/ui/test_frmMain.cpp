@@ -63,11 +63,7 @@ private slots:
         QString shared = SharedAccelerators(*m.main);
         const NextModal opened([&](QDialog& window) {
             shared += SharedAccelerators(window);
-            m.db.Exec(
-                "INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Autumn Series', 1, "
-                "1);"
-                "INSERT INTO Schedule (Series, RaceDate) VALUES (2, '2026-10-04 00:00:00');"
-                "UPDATE Settings SET Value = '02 Jun 2026 10:15' WHERE Parameter = 'LastModified'");
+            m.db.Exec(DataText("autumn-added.sql"));
         });
         m.c.Press(opening[0].toLatin1());
         QCOMPARE(opened.name, opening[1]);
