@@ -1,5 +1,5 @@
-// Reports under faults: a computation killed part-way, a report folder the program may not write
-// to, and a report write that fails part-way.
+// Reports under faults: a report folder the program may not write to, and a report write that
+// fails part-way.
 
 #include <gtest/gtest.h>
 
@@ -7,21 +7,16 @@
 #include <SQLiteCpp/Statement.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "app/Globals.h"
 #include "cli/Commands.h"
 #include "data/clResults.h"
-#include "reports/ReportFixture.h"
 #include "support/Checks.h"
 #include "support/ChildProcess.h"
 #include "support/RecordingMessages.h"
@@ -32,11 +27,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::Scalar;
-using Clock = std::chrono::steady_clock;
 
 constexpr int kRaceAndSeriesResults = 5;
 constexpr int kAllEntrantsPage = 2;
-constexpr int kDataAsXml = 4;
 constexpr int kEntryListByHandicap = 0;
 
 // Creates the report of the kind and action for the race from the data file into the report
@@ -93,53 +86,6 @@ private:
     const std::string savedDataFile_ = DataFile;
     const std::string savedReportPath_ = ReportPath;
 };
-
-TEST_F(ReportFaults, AReportKilledPartWayLeavesASoundFileThatReportsAsBefore) {
-    MakeSeason("120", "30");
-    const std::string untouched = folder.path() + "/untouched.db";
-    const std::string timing = folder.path() + "/timing.db";
-    fs::copy_file(data, untouched);
-    fs::copy_file(data, timing);
-
-    std::string path;
-    const auto started = Clock::now();
-    ASSERT_EQ(test::RunInChild([&] {
-                  return MakeReport(timing, reports, kRaceAndSeriesResults, kAllEntrantsPage,
-                                    lastRace, path);
-              }),
-              "");
-    const auto whole = Clock::now() - started;
-
-    // Killed early, half-way and late in the computation.
-    int killed = 0;
-    for (const double part : {0.2, 0.5, 0.8}) {
-        const pid_t child = fork();
-        if (child == 0) {
-            std::string unused;
-            MakeReport(data, reports, kRaceAndSeriesResults, kAllEntrantsPage, lastRace, unused);
-            _exit(0);
-        }
-        std::this_thread::sleep_for(
-            std::chrono::duration_cast<std::chrono::microseconds>(whole * part));
-        kill(child, SIGKILL);
-        int status = 0;
-        waitpid(child, &status, 0);
-        killed += WIFSIGNALED(status) ? 1 : 0;
-    }
-    EXPECT_GT(killed, 0) << "every report finished before it could be killed";
-
-    EXPECT_EQ(Scalar(data, "PRAGMA integrity_check"), "ok");
-    std::string afterKills;
-    std::string fromUntouched;
-    ASSERT_EQ(MakeReport(data, reports + "-killed", kRaceAndSeriesResults, kDataAsXml, lastRace,
-                         afterKills),
-              "");
-    ASSERT_EQ(MakeReport(untouched, reports + "-untouched", kRaceAndSeriesResults, kDataAsXml,
-                         lastRace, fromUntouched),
-              "");
-    EXPECT_EQ(test::WithoutReportTime(test::ReadFile(afterKills)),
-              test::WithoutReportTime(test::ReadFile(fromUntouched)));
-}
 
 TEST_F(ReportFaults, AReadOnlyReportFolderGivesAMessageAndNoReport) {
     MakeSeason("12", "3");
