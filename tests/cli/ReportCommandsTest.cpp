@@ -1,8 +1,15 @@
-// The command line's demonstration season, race list and reports, and the pages a browser shows.
+// The command line's demonstration season, race list and reports, the pages a browser shows, and
+// reports under faults: a report folder the program may not write to, and a report write that
+// fails part-way.
 
 #include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +22,7 @@
 #include "reports/ReportFixture.h"
 #include "support/Browser.h"
 #include "support/Checks.h"
+#include "support/ChildProcess.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -54,17 +62,6 @@ TEST(DemoCommand, MakesTheSameSeasonForTheSameSeed) {
     EXPECT_EQ(Scalar(a, fingerprint), Scalar(b, fingerprint));
     EXPECT_NE(Scalar(a, fingerprint), Scalar(c, fingerprint));
     EXPECT_EQ(RunCommand("demo", {a}, out), 1) << "an existing file is never written over";
-}
-
-TEST(DemoCommand, HoldsAPlausibleSeason) {
-    test::TempFolder folder;
-    test::RecordingMessages messages;
-    const std::string file = folder.path() + "/demo.db";
-    std::string out;
-    ASSERT_EQ(RunCommand("demo", {file, "--boats", "60", "--races", "12", "--classes", "3"}, out),
-              0);
-    for (const auto& row : test::DataFileRows("cli/demo-season-facts.tsv"))
-        EXPECT_EQ(Scalar(file, row.at(0)), row.at(1)) << row.at(0);
 }
 
 class ReportCommandTest : public ::testing::Test {
@@ -185,17 +182,73 @@ TEST_F(ReportCommandTest, PublishingKeepsAnArchiveOfTheSeasonsPages) {
     ::unsetenv("TALLYBOARD_WEB_FOLDER");
 }
 
+constexpr int kEntryListByHandicap = 0;
+constexpr int kRaceAndSeriesResults = 5;
+constexpr int kAllEntrantsPage = 2;
+
+// Every file under the folder, by path.
+std::vector<std::string> FilesUnder(const std::string& folder) {
+    std::vector<std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (entry.is_regular_file())
+            files.push_back(entry.path().string());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+// A demonstration season made by the command line, with the shipped style sheets in its report
+// folder.
+class CommandLineSeason : public ::testing::Test {
+protected:
+    ~CommandLineSeason() override {
+        DataFile = savedDataFile_;
+        ReportPath = savedReportPath_;
+    }
+    void MakeSeason(std::vector<std::string> options) {
+        options.insert(options.begin(), data);
+        std::string out;
+        ASSERT_EQ(RunCommand("demo", options, out), 0);
+        fs::copy(ProgramFolder() + "/Reports", reports, fs::copy_options::recursive);
+        lastRace = std::stoi(Scalar(data, "SELECT max(Id) FROM Schedule"));
+    }
+    // Creates the every-entrant page of the kind for the last race, as the program does; the
+    // message, and the file written in path.
+    std::string MakeReport(int kind, std::string& path) {
+        DataFile = data;
+        ReportPath = reports + "/";
+        clResults results;
+        std::string Msg = results.ReadReportMenu(ProgramFolder() + "/Tallyboard.ini");
+        if (Msg.empty()) {
+            const auto& chosen =
+                results.ReportMenu()[static_cast<std::size_t>(kind)].Actions[kAllEntrantsPage];
+            Msg = results.CreateReport(kind, kAllEntrantsPage, chosen.Viewer, lastRace, path);
+        }
+        return Msg;
+    }
+
+    test::TempFolder folder;
+    test::RecordingMessages messages;
+    const std::string data = folder.path() + "/season.db";
+    const std::string reports = folder.path() + "/Reports";
+    int lastRace = 0;
+
+private:
+    const std::string savedDataFile_ = DataFile;
+    const std::string savedReportPath_ = ReportPath;
+};
+
+TEST_F(CommandLineSeason, HoldsAPlausibleSeason) {
+    MakeSeason({"--boats", "60", "--races", "12", "--classes", "3"});
+    for (const auto& row : test::DataFileRows("cli/demo-season-facts.tsv"))
+        EXPECT_EQ(Scalar(data, row.at(0)), row.at(1)) << row.at(0);
+}
+
 // A season of sixty races read on a desktop screen, on a phone and on paper: the columns a sailor
 // looks for first are in view without scrolling sideways, and every printed page carries a table
 // header (so none holds only a heading, and the standings show the total on each).
-TEST(ReportLayout, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
-    test::TempFolder folder;
-    test::RecordingMessages messages;
-    const std::string data = folder.path() + "/season.db", reports = folder.path() + "/Reports";
+TEST_F(CommandLineSeason, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
+    MakeSeason({"--boats", "60", "--races", "60", "--classes", "2"});
     std::string out;
-    ASSERT_EQ(RunCommand("demo", {data, "--boats", "60", "--races", "60", "--classes", "2"}, out),
-              0);
-    fs::copy(ProgramFolder() + "/Reports", reports, fs::copy_options::recursive);
     auto page = [&](const char* kind) {
         EXPECT_EQ(RunCommand("report",
                              {"--data", data, "--reports", reports, "--race", "60", "--kind", kind,
@@ -231,6 +284,64 @@ TEST(ReportLayout, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
                 << row[1] << " page " << p + 1;
         EXPECT_NE(printed->back().find(row.at(3)), std::string::npos) << row[1];
     }
+}
+
+TEST_F(CommandLineSeason, AReadOnlyReportFolderGivesAMessageAndNoReport) {
+    MakeSeason({"--boats", "12", "--races", "3", "--seed", "11"});
+    // The report computes into the data file, which the unprivileged child may write.
+    chmod(folder.path().c_str(), 0777);
+    for (const char* part : {"", "-wal", "-shm"})
+        chmod((data + part).c_str(), 0666);
+    const std::vector<std::string> before = FilesUnder(reports);
+    chmod(reports.c_str(), 0555);
+
+    for (const int kind : {kEntryListByHandicap, kRaceAndSeriesResults}) {
+        const std::string Msg = test::RunUnprivileged([&] {
+            std::string path;
+            return MakeReport(kind, path);
+        });
+        EXPECT_TRUE(Msg.starts_with("C-Error ")) << Msg;
+        EXPECT_NE(Msg.find("Permission denied"), std::string::npos) << Msg;
+    }
+    // A year folder that exists but may not be written to.
+    chmod(reports.c_str(), 0755);
+    fs::create_directory(reports + "/2026");
+    chmod((reports + "/2026").c_str(), 0555);
+    const std::string Msg = test::RunUnprivileged([&] {
+        std::string path;
+        return MakeReport(kEntryListByHandicap, path);
+    });
+    EXPECT_TRUE(
+        Msg.starts_with("C-Error 75 raised by Tallyboard in CreateReport\r"
+                        "Path/File access error: " +
+                        reports + "/2026/"))
+        << Msg;
+    EXPECT_EQ(FilesUnder(reports), before);
+}
+
+TEST_F(CommandLineSeason, AWriteThatFailsPartWayLeavesTheEarlierReport) {
+    MakeSeason({"--boats", "150", "--races", "3", "--seed", "11"});
+    std::string path;
+    ASSERT_EQ(MakeReport(kEntryListByHandicap, path), "");
+    const std::string earlier = test::ReadFile(path);
+    const std::vector<std::string> files = FilesUnder(reports);
+
+    // The entry list only reads the data file, and this open connection keeps the file's shared
+    // memory at full size, so the limit catches the report alone.
+    SQLite::Database open(data, SQLite::OPEN_READONLY);
+    ASSERT_TRUE(SQLite::Statement(open, "SELECT count(*) FROM Boat").executeStep());
+    const rlim_t limit = earlier.size() / 2;
+    const std::string Msg = test::RunInChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit size{limit, limit};
+        if (setrlimit(RLIMIT_FSIZE, &size) != 0)
+            return std::string("<no limit>");
+        std::string again;
+        return MakeReport(kEntryListByHandicap, again);
+    });
+    EXPECT_EQ(Msg, "C-Error 61 raised by Tallyboard in CreateReport\rDisk full: " + path);
+    EXPECT_EQ(test::ReadFile(path), earlier);
+    EXPECT_EQ(FilesUnder(reports), files);
 }
 
 }  // namespace
