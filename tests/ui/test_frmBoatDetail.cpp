@@ -33,12 +33,8 @@ private slots:
                                c.Current("SelOwner")};
         };
         c.Press("cmdAddBoat");
-        const QStringList filled[] = {
-            {" ", "", "", "E-Please specify the boat name"},
-            {"Copy Cat", " ", "", "E-Please specify the sail number"},
-            {"Copy Cat", "K 77", "", "E-Please specify the model of boat"},
-            {"Copy Cat", "K 77", "Laser", "E-Please specify the owner"}};
-        for (const QStringList& f : filled) {
+        for (const QString& line : DataLines("boat-refusals.tsv")) {
+            const QStringList f = line.split('\t');
             r.messages.Clear();
             c.Type("tName", f[0]);
             c.Type("tSailNo", f[1]);
