@@ -64,124 +64,6 @@ TEST(DemoCommand, MakesTheSameSeasonForTheSameSeed) {
     EXPECT_EQ(RunCommand("demo", {a}, out), 1) << "an existing file is never written over";
 }
 
-class ReportCommandTest : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        folder_ = new test::TempFolder;
-        std::string out;
-        ASSERT_EQ(RunCommand("demo", {Data(), "--boats", "24", "--races", "6"}, out), 0);
-    }
-    static void TearDownTestSuite() {
-        delete folder_;
-        folder_ = nullptr;
-    }
-    static std::string Data() { return folder_->path() + "/demo.db"; }
-    static std::string Reports() { return folder_->path() + "/Reports"; }
-
-    test::RecordingMessages messages;
-    static test::TempFolder* folder_;
-};
-
-test::TempFolder* ReportCommandTest::folder_ = nullptr;
-
-TEST_F(ReportCommandTest, RacesAreListedOnePerLine) {
-    std::string out;
-    ASSERT_EQ(RunCommand("races", {"--data", Data()}, out), 0);
-    EXPECT_EQ(out, test::DataFile("cli/races.txt"));
-}
-
-TEST_F(ReportCommandTest, EveryShippedActionWritesItsReport) {
-    const std::string web = Reports() + "-web";
-    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
-    fs::copy(ProgramFolder() + "/Reports", Reports(),
-             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    const auto boats = test::DataFileRows("cli/race-4-boats.txt");
-    std::ifstream ini(ProgramFolder() + "/Tallyboard.ini");
-    int kind = -1;
-    int action = 0;
-    int written = 0;
-    for (std::string line; std::getline(ini, line);) {
-        if (line.starts_with("[")) {
-            ++kind;
-            action = 0;
-            continue;
-        }
-        const std::string letter(1, kReportLetters[kind]);
-        std::string out;
-        ASSERT_EQ(RunCommand("report",
-                             {"--data", Data(), "--reports", Reports(), "--race", "4", "--kind",
-                              letter, "--action", std::to_string(action)},
-                             out),
-                  0)
-            << line;
-        // The path printed is where the report is, published ones included.
-        const std::string path = Lines(out).at(0);
-        EXPECT_TRUE(fs::is_regular_file(path)) << line;
-        const bool published = line.find("publish-to-web-folder") != std::string::npos;
-        EXPECT_TRUE(
-            path.starts_with(published ? web + "/summer-series-2026/" : Reports() + "/2026/"))
-            << path;
-        // A page of every entrant shows every boat of every class.
-        for (std::size_t b = 0; line.starts_with("All entrants=") && b < boats.size(); ++b)
-            EXPECT_NE(test::ReadFile(path).find(">" + boats[b].at(0) + "<"), std::string::npos)
-                << boats[b][0];
-        if (path.ends_with(".pdf")) {
-            EXPECT_EQ(std::system(("pdftoppm -r 20 -png '" + path + "' '" + path + "'").c_str()),
-                      0);
-            EXPECT_TRUE(fs::exists(path + "-1.png")) << path;
-        }
-        ++action;
-        ++written;
-    }
-    ::unsetenv("TALLYBOARD_WEB_FOLDER");
-    EXPECT_EQ(kind, 5) << "six report kinds";
-    EXPECT_GE(written, 18);
-}
-
-// Publishing race 4, then race 5, with their standings: both race pages, the series page and an
-// index linking them, newest first; unsettled handicaps stop publishing with exit status 1.
-TEST_F(ReportCommandTest, PublishingKeepsAnArchiveOfTheSeasonsPages) {
-    const std::string web = folder_->path() + "/web";
-    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
-    fs::copy(ProgramFolder() + "/Reports", Reports(),
-             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    const std::string series = web + "/summer-series-2026/";
-    auto publish = [&](const std::string& data, const char* race, const char* kind) {
-        std::string out;
-        const int status = RunCommand("report",
-                                      {"--data", data, "--reports", Reports(), "--race", race,
-                                       "--kind", kind, "--action", "5"},
-                                      out);
-        return std::to_string(status) + " " + out;
-    };
-    EXPECT_EQ(publish(Data(), "4", "R"), "0 " + series + "race-4.htm\n");
-    EXPECT_EQ(publish(Data(), "4", "S"), "0 " + series + "index.htm\n");
-    EXPECT_EQ(publish(Data(), "5", "R"), "0 " + series + "race-5.htm\n");
-    // The index of every season's pages, newest race first.
-    EXPECT_EQ(test::ReadFile(web + "/index.htm"), test::DataFile("cli/published-index.htm"));
-    for (const char* page : {"race-4.htm", "race-5.htm"}) {
-        const std::string text = test::ReadFile(series + page);
-        EXPECT_NE(text.find(test::DataFile("cli/published-links.htm")), std::string::npos);
-        EXPECT_NE(test::ReadFile(series + "index.htm").find(std::string("href=\"") + page),
-                  std::string::npos);
-        EXPECT_EQ(text.find("<nav class=\"archive\""), text.rfind("<nav class=\"archive\""))
-            << "the links are put in place of the earlier ones";
-    }
-
-    const std::string unsettled = folder_->path() + "/unsettled.db";
-    fs::copy_file(Data(), unsettled);
-    {
-        SQLite::Database db(unsettled, SQLite::OPEN_READWRITE);
-        db.exec("UPDATE Handicap SET Expires = '2026-01-01 00:00:00'");
-    }
-    messages.Clear();
-    EXPECT_TRUE(publish(unsettled, "6", "R").starts_with("1 " + Reports() + "/2026/"));
-    ASSERT_EQ(messages.Texts().size(), 1u);
-    EXPECT_TRUE(messages.Texts()[0].starts_with("E-The results were not published"));
-    EXPECT_FALSE(fs::exists(series + "race-6.htm"));
-    ::unsetenv("TALLYBOARD_WEB_FOLDER");
-}
-
 constexpr int kEntryListByHandicap = 0;
 constexpr int kRaceAndSeriesResults = 5;
 constexpr int kAllEntrantsPage = 2;
@@ -236,6 +118,102 @@ private:
     const std::string savedDataFile_ = DataFile;
     const std::string savedReportPath_ = ReportPath;
 };
+
+TEST_F(CommandLineSeason, RacesAreListedOnePerLine) {
+    MakeSeason({"--boats", "24", "--races", "6"});
+    std::string out;
+    ASSERT_EQ(RunCommand("races", {"--data", data}, out), 0);
+    EXPECT_EQ(out, test::DataFile("cli/races.txt"));
+}
+
+TEST_F(CommandLineSeason, EveryShippedActionWritesItsReport) {
+    MakeSeason({"--boats", "24", "--races", "6"});
+    const std::string web = reports + "-web";
+    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
+    const auto boats = test::DataFileRows("cli/race-4-boats.txt");
+    std::ifstream ini(ProgramFolder() + "/Tallyboard.ini");
+    int kind = -1;
+    int action = 0;
+    int written = 0;
+    for (std::string line; std::getline(ini, line);) {
+        if (line.starts_with("[")) {
+            ++kind;
+            action = 0;
+            continue;
+        }
+        const std::string letter(1, kReportLetters[kind]);
+        std::string out;
+        ASSERT_EQ(RunCommand("report",
+                             {"--data", data, "--reports", reports, "--race", "4", "--kind", letter,
+                              "--action", std::to_string(action)},
+                             out),
+                  0)
+            << line;
+        // The path printed is where the report is, published ones included.
+        const std::string path = Lines(out).at(0);
+        EXPECT_TRUE(fs::is_regular_file(path)) << line;
+        const bool published = line.find("publish-to-web-folder") != std::string::npos;
+        EXPECT_TRUE(path.starts_with(published ? web + "/summer-series-2026/" : reports + "/2026/"))
+            << path;
+        // A page of every entrant shows every boat of every class.
+        for (std::size_t b = 0; line.starts_with("All entrants=") && b < boats.size(); ++b)
+            EXPECT_NE(test::ReadFile(path).find(">" + boats[b].at(0) + "<"), std::string::npos)
+                << boats[b][0];
+        if (path.ends_with(".pdf")) {
+            EXPECT_EQ(std::system(("pdftoppm -r 20 -png '" + path + "' '" + path + "'").c_str()),
+                      0);
+            EXPECT_TRUE(fs::exists(path + "-1.png")) << path;
+        }
+        ++action;
+        ++written;
+    }
+    ::unsetenv("TALLYBOARD_WEB_FOLDER");
+    EXPECT_EQ(kind, 5) << "six report kinds";
+    EXPECT_GE(written, 18);
+}
+
+// Publishing race 4, then race 5, with their standings: both race pages, the series page and an
+// index linking them, newest first; unsettled handicaps stop publishing with exit status 1.
+TEST_F(CommandLineSeason, PublishingKeepsAnArchiveOfTheSeasonsPages) {
+    MakeSeason({"--boats", "24", "--races", "6"});
+    const std::string web = folder.path() + "/web";
+    ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
+    const std::string series = web + "/summer-series-2026/";
+    auto publish = [&](const std::string& file, const char* race, const char* kind) {
+        std::string out;
+        const int status = RunCommand(
+            "report",
+            {"--data", file, "--reports", reports, "--race", race, "--kind", kind, "--action", "5"},
+            out);
+        return std::to_string(status) + " " + out;
+    };
+    EXPECT_EQ(publish(data, "4", "R"), "0 " + series + "race-4.htm\n");
+    EXPECT_EQ(publish(data, "4", "S"), "0 " + series + "index.htm\n");
+    EXPECT_EQ(publish(data, "5", "R"), "0 " + series + "race-5.htm\n");
+    // The index of every season's pages, newest race first.
+    EXPECT_EQ(test::ReadFile(web + "/index.htm"), test::DataFile("cli/published-index.htm"));
+    for (const char* page : {"race-4.htm", "race-5.htm"}) {
+        const std::string text = test::ReadFile(series + page);
+        EXPECT_NE(text.find(test::DataFile("cli/published-links.htm")), std::string::npos);
+        EXPECT_NE(test::ReadFile(series + "index.htm").find(std::string("href=\"") + page),
+                  std::string::npos);
+        EXPECT_EQ(text.find("<nav class=\"archive\""), text.rfind("<nav class=\"archive\""))
+            << "the links are put in place of the earlier ones";
+    }
+
+    const std::string unsettled = folder.path() + "/unsettled.db";
+    fs::copy_file(data, unsettled);
+    {
+        SQLite::Database db(unsettled, SQLite::OPEN_READWRITE);
+        db.exec("UPDATE Handicap SET Expires = '2026-01-01 00:00:00'");
+    }
+    messages.Clear();
+    EXPECT_TRUE(publish(unsettled, "6", "R").starts_with("1 " + reports + "/2026/"));
+    ASSERT_EQ(messages.Texts().size(), 1u);
+    EXPECT_TRUE(messages.Texts()[0].starts_with("E-The results were not published"));
+    EXPECT_FALSE(fs::exists(series + "race-6.htm"));
+    ::unsetenv("TALLYBOARD_WEB_FOLDER");
+}
 
 TEST_F(CommandLineSeason, HoldsAPlausibleSeason) {
     MakeSeason({"--boats", "60", "--races", "12", "--classes", "3"});
