@@ -19,7 +19,7 @@
 #include "app/Globals.h"
 #include "app/ReportMenu.h"
 #include "cli/Commands.h"
-#include "reports/ReportFixture.h"
+#include "data/clResults.h"
 #include "support/Browser.h"
 #include "support/Checks.h"
 #include "support/ChildProcess.h"
