@@ -62,7 +62,7 @@ std::string CreateFile(const std::string& path) {
             // Other programs read the file while the race officer works: write-ahead logging.
             db->Exec("PRAGMA journal_mode = WAL");
             db->Exec("BEGIN");
-            db->Exec(kSchemaSql);
+            MakeSchema(*db);
             db->Exec("COMMIT");
         }
         if (::link(building.c_str(), path.c_str()) != 0) {
@@ -90,8 +90,7 @@ std::string CreateOnServer(const std::string& uri) {
         if (db->HasAnyTable())
             return "E-The database " + uri +
                    " already holds tables; a new database is only made in an empty one";
-        db->Exec(ServerSchema());
-        ResetIdentities(*db);
+        MakeSchema(*db);
         transaction.Commit();
         return {};
     } catch (...) {
@@ -104,6 +103,16 @@ std::string CreateOnServer(const std::string& uri) {
 
 std::string CreateDatabase(const std::string& target) {
     return IsServerAddress(target) ? CreateOnServer(target) : CreateFile(target);
+}
+
+void MakeSchema(Connection& db) {
+    if (db.engine() == Engine::SQLite) {
+        db.Exec(kSchemaSql);
+        return;
+    }
+    db.Exec(ServerSchema());
+    // The reference rows were written with their Ids.
+    ResetIdentities(db);
 }
 
 void ResetIdentities(Connection& db) {

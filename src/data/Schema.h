@@ -17,6 +17,9 @@ std::string ResetIdentities(const std::string& target);
 class Connection;
 // The same on an open connection, inside the caller's transaction. Throws on failure.
 void ResetIdentities(Connection& db);
+// Makes every table and the reference rows in an empty database, inside the caller's
+// transaction. Throws on failure.
+void MakeSchema(Connection& db);
 // The tables of a Tallyboard database, in the order they are made.
 extern const char* const kTallyboardTables[18];
 

@@ -50,6 +50,11 @@ public:
     // Closes the connection, ignoring errors; the next operation opens it again (with DataFile).
     void CloseConnection();
 
+    // Copies the whole database, every Id kept, to Target: a new file (never an existing one) or
+    // a PostgreSQL database that is empty or holds only what a new database holds. All or
+    // nothing: a failure leaves no file behind and nothing written on the server.
+    std::string CopyDatabase(const std::string& Target);
+
     // Doubles every apostrophe and changes nothing else.
     static std::string SqlQuote(const std::string& Text);
 
