@@ -1,7 +1,5 @@
 #include "SeasonBuilder.h"
 
-#include <SQLiteCpp/Statement.h>
-
 namespace tb::test {
 
 SeasonBuilder::SeasonBuilder(TestDatabase& db) : db_(db) {
@@ -79,16 +77,16 @@ void SeasonBuilder::Status(int race, int entrant, int status) {
 }
 
 double SeasonBuilder::Points(int race, int entrant) {
-    SQLite::Statement st(db_.raw(), "SELECT Points FROM Results WHERE Schedule=? AND Entrant=?");
-    st.bind(1, race);
-    st.bind(2, entrant);
-    return st.executeStep() ? st.getColumn(0).getDouble() : -999;
+    const std::vector<double> points =
+        db_.Numbers("SELECT Points FROM Results WHERE Schedule=? AND Entrant=?",
+                    {std::to_string(race), std::to_string(entrant)});
+    return points.empty() ? -999 : points.front();
 }
 
 double SeasonBuilder::SeriesPoints(int entrant) {
-    SQLite::Statement st(db_.raw(), "SELECT SeriesPoints FROM Entrant WHERE Id=?");
-    st.bind(1, entrant);
-    return st.executeStep() ? st.getColumn(0).getDouble() : -999;
+    const std::vector<double> points =
+        db_.Numbers("SELECT SeriesPoints FROM Entrant WHERE Id=?", {std::to_string(entrant)});
+    return points.empty() ? -999 : points.front();
 }
 
 }  // namespace tb::test
