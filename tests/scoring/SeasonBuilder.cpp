@@ -1,5 +1,7 @@
 #include "SeasonBuilder.h"
 
+#include <cstdio>
+
 namespace tb::test {
 
 SeasonBuilder::SeasonBuilder(TestDatabase& db) : db_(db) {
@@ -52,19 +54,25 @@ void SeasonBuilder::EnterAll(int race) {
              " FROM Entrant");
 }
 
+std::string SeasonBuilder::RaceTime(int race, int secondsAfterTen) {
+    const std::string day =
+        db_.Text("SELECT RaceDate FROM Schedule WHERE Id=" + std::to_string(race)).substr(0, 10);
+    const int t = 10 * 3600 + secondsAfterTen;
+    char time[24];
+    std::snprintf(time, sizeof time, " %02d:%02d:%02d", t / 3600, t / 60 % 60, t % 60);
+    return day + time;
+}
+
 void SeasonBuilder::Start(int race, int classId, bool started) {
-    db_.Exec("INSERT INTO Start (Schedule, Class, StartTime) SELECT " + std::to_string(race) +
-             ", " + std::to_string(classId) + ", " +
-             (started ? "substr(RaceDate, 1, 10) || ' 10:00:00'" : "NULL") +
-             " FROM Schedule WHERE Id=" + std::to_string(race));
+    db_.Insert("INSERT INTO Start (Schedule, Class, StartTime) VALUES (" + std::to_string(race) +
+                   ", " + std::to_string(classId) + ", " + (started ? "?1" : "NULL") + ")",
+               started ? std::vector<std::string>{RaceTime(race, 0)} : std::vector<std::string>{});
 }
 
 void SeasonBuilder::Finish(int race, int entrant, int elapsedSeconds, const std::string& extraSet) {
-    db_.Exec("INSERT INTO Results (Schedule, Entrant, Status, FinishTime) SELECT " +
-             std::to_string(race) + ", " + std::to_string(entrant) +
-             ", 9, datetime(substr(RaceDate, 1, 10) || ' 10:00:00', '+" +
-             std::to_string(elapsedSeconds) +
-             " seconds') FROM Schedule WHERE Id=" + std::to_string(race));
+    db_.Insert("INSERT INTO Results (Schedule, Entrant, Status, FinishTime) VALUES (" +
+                   std::to_string(race) + ", " + std::to_string(entrant) + ", 9, ?1)",
+               {RaceTime(race, elapsedSeconds)});
     if (!extraSet.empty()) {
         db_.Exec("UPDATE Results SET " + extraSet + " WHERE Schedule=" + std::to_string(race) +
                  " AND Entrant=" + std::to_string(entrant));
