@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/Connection.h"
+
 #include "support/TestDatabase.h"
 
 namespace tb {
@@ -26,25 +28,25 @@ TEST(Transaction, InnerWorkIsAllOrNothingWithinTheCaller) {
         if (test::TestDatabase::OnServer())
             GTEST_SKIP() << "holds a file's own connection";
         test::TestDatabase db;
-        sqlite3* handle = db.raw().getHandle();
+        auto connection = OpenConnection(db.path());
         {
-            Transaction outer(handle);
-            db.Exec("INSERT INTO Settings (Parameter, Value) VALUES ('Outer', '1')");
+            Transaction outer(*connection);
+            connection->Exec("INSERT INTO Settings (Parameter, Value) VALUES ('Outer', '1')");
             {
-                Transaction inner(handle);
-                db.Exec("INSERT INTO Settings (Parameter, Value) VALUES ('Inner', '1')");
+                Transaction inner(*connection);
+                connection->Exec("INSERT INTO Settings (Parameter, Value) VALUES ('Inner', '1')");
                 if (c.innerCommits)
                     inner.Commit();
             }
             // The caller goes on writing after the inner operation, whatever became of it.
-            db.Exec("UPDATE Settings SET Value = '2' WHERE Parameter = 'Outer'");
+            connection->Exec("UPDATE Settings SET Value = '2' WHERE Parameter = 'Outer'");
             if (c.outerCommits)
                 outer.Commit();
         }
         EXPECT_EQ(db.Count("Settings", "Parameter = 'Outer' AND Value = '2'"), c.outerRows);
         EXPECT_EQ(db.Count("Settings", "Parameter = 'Inner'"), c.innerRows);
         // Nothing is left open: a new transaction can start.
-        EXPECT_NO_THROW(Transaction(handle).Commit());
+        EXPECT_NO_THROW(Transaction(*connection).Commit());
     }
 }
 
