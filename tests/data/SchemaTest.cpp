@@ -31,6 +31,8 @@ std::map<std::string, std::string> ListedFormat() {
 }
 
 TEST(Schema, EveryTableHasTheListedColumnsInOrder) {
+    if (TestDatabase::OnServer())
+        GTEST_SKIP() << "lists a file's own catalogue";
     TestDatabase db;
     const auto listed = ListedFormat();
     ASSERT_EQ(listed.size(), 18u);
@@ -55,9 +57,11 @@ TEST(Schema, ANewDatabaseListsTheOutcomesInTheOrderTheResultsWindowExpects) {
     EXPECT_EQ(db.Text("SELECT Code FROM Status WHERE Id=9"), "OK");
     // Listed by code, DNC stands at position 1 and a finish (OK) at position 7: the results
     // window switches between those two as a time is typed.
-    EXPECT_EQ(db.Text("SELECT group_concat(Id) FROM (SELECT Id FROM Status ORDER BY Code)"),
-              "1,2,3,4,5,6,7,9,8");
-    EXPECT_EQ(db.Text("PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(db.Column("SELECT Id FROM Status ORDER BY Code"),
+              (std::vector<std::string>{"1", "2", "3", "4", "5", "6", "7", "9", "8"}));
+    if (!TestDatabase::OnServer()) {
+        EXPECT_EQ(db.Text("PRAGMA journal_mode"), "wal");
+    }
 }
 
 // The invariants hold in the file itself, whatever program writes to it.
@@ -65,15 +69,16 @@ TEST(Schema, RefusesASecondRowWhereOneIsTheRule) {
     TestDatabase db;
     db.Exec("INSERT INTO Results (Schedule, Entrant) VALUES (1, 1)");
     EXPECT_THROW(db.Exec("INSERT INTO Results (Schedule, Entrant) VALUES (1, 1)"),
-                 SQLite::Exception);
+                 std::runtime_error);
     db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (1, 1)");
     EXPECT_THROW(db.Exec("INSERT INTO EntryList (Entrant, Schedule) VALUES (1, 1)"),
-                 SQLite::Exception);
+                 std::runtime_error);
     db.Exec("INSERT INTO Start (Schedule, Class) VALUES (1, 1)");
-    EXPECT_THROW(db.Exec("INSERT INTO Start (Schedule, Class) VALUES (1, 1)"), SQLite::Exception);
+    EXPECT_THROW(db.Exec("INSERT INTO Start (Schedule, Class) VALUES (1, 1)"), std::runtime_error);
     db.Exec("INSERT INTO Entrant (Series, Boat) VALUES (1, 1)");
-    EXPECT_THROW(db.Exec("INSERT INTO Entrant (Series, Boat) VALUES (1, 1)"), SQLite::Exception);
-    EXPECT_THROW(db.Exec("INSERT INTO Settings (Parameter) VALUES ('version')"), SQLite::Exception);
+    EXPECT_THROW(db.Exec("INSERT INTO Entrant (Series, Boat) VALUES (1, 1)"), std::runtime_error);
+    EXPECT_THROW(db.Exec("INSERT INTO Settings (Parameter) VALUES ('version')"),
+                 std::runtime_error);
 }
 
 TEST(CreateDatabase, NeverWritesOverAFile) {

@@ -95,10 +95,9 @@ TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
     WriteFile(reports() + "page.xsl", "<html><body/></html>\n");
     const int race3 = season.AddRace("Race 3", "2024-06-29");
     db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Winter', 1, 1)");
-    db.Exec(
+    const int classless = db.Insert(
         "INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (2, 'Frostbite', "
         "'2024-12-01 00:00:00')");
-    const int classless = static_cast<int>(db.raw().getLastInsertRowid());
 
     struct Case {
         std::string action;

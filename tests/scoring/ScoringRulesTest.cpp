@@ -203,9 +203,9 @@ TEST_F(ScoringRulesTest, ARunTimeErrorLeavesTheResultsAsTheyWere) {
     Finishes({3600, 3700});
     ASSERT_EQ(Score(), "");
     season.Exec("DELETE FROM Points WHERE Scoring=1 AND Place=7");  // a broken scoring system
-    const std::string before = db.Text("SELECT group_concat(Points) FROM Results");
+    const std::vector<std::string> before = db.Column("SELECT Points FROM Results ORDER BY Id");
     EXPECT_TRUE(test::IsRunTimeError(results.ComputePoints(raceId, 2), "ComputePoints"));
-    EXPECT_EQ(db.Text("SELECT group_concat(Points) FROM Results"), before);
+    EXPECT_EQ(db.Column("SELECT Points FROM Results ORDER BY Id"), before);
 }
 
 }  // namespace
