@@ -192,8 +192,8 @@ TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBeforeAndBadTextsStoreNothing)
         "");
     EXPECT_EQ(db.Count("Handicap"), 2);
     EXPECT_EQ(
-        db.Text("SELECT Expires || '|' || Handicap FROM Handicap WHERE Id=" + std::to_string(old)),
-        "2010-03-31 00:00:00|0.985");
+        db.Lines("SELECT Expires, Handicap FROM Handicap WHERE Id=" + std::to_string(old), "|"),
+        std::vector<std::string>{"2010-03-31 00:00:00|0.985"});
     EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
               "2010-04-01 00:00:00");
     EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
