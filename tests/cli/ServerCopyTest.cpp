@@ -44,6 +44,7 @@ TEST(ServerCopy, AClubMovedOntoItsServerAndBackGivesTheSameReports) {
     ASSERT_EQ(RunCommand("copy", {file, server.path()}, out), 0);
     ASSERT_EQ(RunCommand("copy", {server.path(), back}, out), 0);
     EXPECT_EQ(RunCommand("copy", {file, server.path()}, out), 1) << "the server holds a club";
+    messages.Clear();
 
     std::vector<std::string> made;
     for (const std::string& data : {file, server.path(), back}) {

@@ -28,7 +28,10 @@ protected:
         season.EnterAll(race3);
         for (int classId : {class1, multihull, fleet, evening})
             season.Start(race3, classId);
-        UseMenu("[B]\nseries=,,,0,0\n");
+        std::string menu;
+        for (const char* kind : {"[E]", "[A]", "[C]", "[R]", "[S]", "[B]"})
+            menu += std::string(kind) + "\nseries=,,,0,0\n";
+        UseMenu(menu);
     }
 
     // What the start box does: each finish saved on its own, as they are typed.
