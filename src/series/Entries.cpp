@@ -64,7 +64,7 @@ WHERE Id=?6)sql";
 constexpr const char* kEntrantRaceRows = "SELECT Schedule FROM EntryList WHERE Entrant=?1";
 constexpr const char* kLeaveRace = "DELETE FROM EntryList WHERE Entrant=?1 AND Schedule=?2";
 constexpr const char* kEnterRace =
-    "INSERT OR IGNORE INTO EntryList (Entrant, Schedule) VALUES (?1, ?2)";
+    "INSERT INTO EntryList (Entrant, Schedule) VALUES (?1, ?2) ON CONFLICT DO NOTHING";
 
 constexpr const char* kRemoveResults = "DELETE FROM Results WHERE Entrant=?1";
 constexpr const char* kRemoveEntryList = "DELETE FROM EntryList WHERE Entrant=?1";
