@@ -280,8 +280,8 @@ void PgStatement::Run() {
     columns_ = PQnfields(result_);
     kinds_.clear();
     for (int c = 0; c < columns_; ++c) {
-        // A column read straight from a table keeps the type it has there; an expression
-        // reads as SQLite gives it (see SqliteStatement).
+        // A Yes/No column read straight from a table is a Boolean; an expression is the
+        // number SQLite gives.
         const bool fromTable = PQftable(result_, c) != InvalidOid;
         switch (PQftype(result_, c)) {
             case kInt2:
@@ -300,7 +300,9 @@ void PgStatement::Run() {
                 kinds_.push_back(ColumnKind::Truth);
                 break;
             case kTimestamp:
-                kinds_.push_back(fromTable ? ColumnKind::Date : ColumnKind::Text);
+                // Also the dates SQLite reads as text (of an aggregate, of a union): the callers
+                // read those as dates.
+                kinds_.push_back(ColumnKind::Date);
                 break;
             default:
                 kinds_.push_back(ColumnKind::Text);
