@@ -57,7 +57,95 @@ bool IsNameChar(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
+bool IsWordAt(std::string_view sql, std::size_t at, std::string_view word) {
+    if (at + word.size() > sql.size() || (at > 0 && IsNameChar(sql[at - 1])))
+        return false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (std::toupper(static_cast<unsigned char>(sql[at + i])) != word[i])
+            return false;
+    }
+    return at + word.size() == sql.size() || !IsNameChar(sql[at + word.size()]);
+}
+
+// Ends one sort key: a key with its own NULLS stays as it is; otherwise Null goes where SQLite
+// puts it, first in ascending order and last in descending.
+void EndSortKey(std::string& out, std::size_t keyStart) {
+    std::string_view key(out);
+    key.remove_prefix(keyStart);
+    while (!key.empty() && std::isspace(static_cast<unsigned char>(key.back())))
+        key.remove_suffix(1);
+    if (key.empty())
+        return;
+    auto endsWith = [&](std::string_view word) {
+        return key.size() >= word.size() && IsWordAt(key, key.size() - word.size(), word);
+    };
+    if (endsWith("FIRST") || endsWith("LAST"))
+        return;
+    const bool descending = endsWith("DESC");
+    const std::string nulls = descending ? " NULLS LAST" : " NULLS FIRST";
+    out.insert(keyStart + key.size(), nulls);
+}
+
 }  // namespace
+
+std::string SqliteNullOrder(std::string_view sql) {
+    std::string out;
+    out.reserve(sql.size() + 32);
+    char quote = 0;
+    // Parenthesis depth of the text, and the depth of the ORDER BY being read (-1: none).
+    int depth = 0;
+    std::vector<int> orderDepths;
+    std::vector<std::size_t> keyStarts;
+    auto endClause = [&] {
+        EndSortKey(out, keyStarts.back());
+        orderDepths.pop_back();
+        keyStarts.pop_back();
+    };
+    for (std::size_t i = 0; i < sql.size(); ++i) {
+        const char c = sql[i];
+        if (quote != 0) {
+            quote = c == quote ? 0 : quote;
+            out += c;
+            continue;
+        }
+        const bool inOrder = !orderDepths.empty() && orderDepths.back() == depth;
+        if (c == '\'' || c == '"') {
+            quote = c;
+        } else if (c == '(') {
+            ++depth;
+        } else if (c == ')') {
+            if (inOrder)
+                endClause();
+            --depth;
+        } else if (inOrder && (c == ',' || c == ';')) {
+            EndSortKey(out, keyStarts.back());
+            if (c == ';') {
+                orderDepths.pop_back();
+                keyStarts.pop_back();
+            } else {
+                keyStarts.back() = out.size() + 1;
+            }
+        } else if (inOrder && (IsWordAt(sql, i, "LIMIT") || IsWordAt(sql, i, "OFFSET") ||
+                               IsWordAt(sql, i, "UNION") || IsWordAt(sql, i, "FOR"))) {
+            endClause();
+        } else if (IsWordAt(sql, i, "ORDER")) {
+            std::size_t by = i + 5;
+            while (by < sql.size() && std::isspace(static_cast<unsigned char>(sql[by])))
+                ++by;
+            if (IsWordAt(sql, by, "BY")) {
+                out.append(sql.substr(i, by + 2 - i));
+                i = by + 1;
+                orderDepths.push_back(depth);
+                keyStarts.push_back(out.size());
+                continue;
+            }
+        }
+        out += c;
+    }
+    while (!orderDepths.empty())
+        endClause();
+    return out;
+}
 
 std::string NumberedPlaceholders(std::string_view sql, int& count) {
     std::string out;
@@ -106,7 +194,7 @@ std::string NumberedPlaceholders(std::string_view sql, int& count) {
 
 PgStatement::PgStatement(PgConnection& connection, std::string_view sql) : connection_(connection) {
     int count = 0;
-    sql_ = NumberedPlaceholders(sql, count);
+    sql_ = NumberedPlaceholders(SqliteNullOrder(sql), count);
     parameters_.resize(static_cast<std::size_t>(count));
 }
 
@@ -192,8 +280,8 @@ void PgStatement::Run() {
     columns_ = PQnfields(result_);
     kinds_.clear();
     for (int c = 0; c < columns_; ++c) {
-        // A column read straight from a table keeps the type it has there; an expression
-        // reads as SQLite gives it (see SqliteStatement).
+        // A Yes/No column read straight from a table is a Boolean; an expression is the
+        // number SQLite gives.
         const bool fromTable = PQftable(result_, c) != InvalidOid;
         switch (PQftype(result_, c)) {
             case kInt2:
@@ -212,7 +300,9 @@ void PgStatement::Run() {
                 kinds_.push_back(ColumnKind::Truth);
                 break;
             case kTimestamp:
-                kinds_.push_back(fromTable ? ColumnKind::Date : ColumnKind::Text);
+                // Also the dates SQLite reads as text (of an aggregate, of a union): the callers
+                // read those as dates.
+                kinds_.push_back(ColumnKind::Date);
                 break;
             default:
                 kinds_.push_back(ColumnKind::Text);

@@ -15,10 +15,11 @@ namespace tb {
 class PgConnection;
 
 // A statement on a PostgreSQL server. The text is the one SQLite runs: its "?", "?N" and ":name"
-// placeholders become "$N". It is prepared on the server for each combination of parameter types
-// it is run with (a whole number, a real number, or left to the server to infer from the text,
-// as for text and dates), so values are typed as strictly as SQLite types them. The whole answer
-// arrives in one round trip and is read cell by cell from it.
+// placeholders become "$N", and its sort keys sort Null as SQLite does. It is prepared on the
+// server for each combination of parameter types it is run with (a whole number, a real number, or
+// left to the server to infer from the text, as for text and dates), so values are typed as
+// strictly as SQLite types them. The whole answer arrives in one round trip and is read cell by
+// cell from it.
 class PgStatement final : public Statement {
 public:
     PgStatement(PgConnection& connection, std::string_view sql);
@@ -92,5 +93,8 @@ private:
 // SQLite's placeholders ("?", "?N", ":name") as PostgreSQL's "$N", numbered as SQLite numbers
 // them; quoted text, quoted names and "::" casts are left alone. count gets the highest number.
 std::string NumberedPlaceholders(std::string_view sql, int& count);
+// Every sort key without a NULLS of its own sorts Null as SQLite does: first in ascending order,
+// last in descending (PostgreSQL does the opposite by default).
+std::string SqliteNullOrder(std::string_view sql);
 
 }  // namespace tb

@@ -42,7 +42,7 @@ constexpr const char* kAddBoat =
 constexpr const char* kSameHandicap = R"sql(
 SELECT Handicap.Id FROM Handicap
 WHERE Handicap.Boat = ?1 AND Handicap.HandicapType = ?2 AND Handicap.Handicap = ?3
-  AND Handicap.EffectiveFrom = ?4 AND Handicap.Expires IS ?5)sql";
+  AND Handicap.EffectiveFrom = ?4 AND Handicap.Expires IS NOT DISTINCT FROM ?5)sql";
 constexpr const char* kAddHandicap = R"sql(
 INSERT INTO Handicap (HandicapType, Boat, Handicap, EffectiveFrom, Expires, ModifyDate)
 VALUES (?1, ?2, ?3, ?4, ?5, ?6))sql";
