@@ -131,7 +131,7 @@ void PrintServerTargets(MedianReporter& medians, const Median* season) {
         if (club == nullptr || usual == nullptr)
             continue;
         const double ratio = club->real / usual->real;
-        std::printf("  combined report, club season%-8s%6.1f  ratio to season %.2f (<= 5.75): %s\n",
+        std::printf("  combined report, club season%-8s%7.1f  ratio to season %.2f (<= 5.75): %s\n",
                     *suffix != 0 ? ", server" : "", club->real, ratio, Verdict(ratio <= 5.75));
     }
 }
