@@ -455,6 +455,9 @@ public:
     // Writes a planned import (a series from another scoring program's file) in one
     // transaction: nothing is written when any step fails.
     std::string ImportSeries(const SeriesImport& Plan, ImportCounts& Counts);
+    // Reads, plans and writes another scoring program's .blw series file; Summary is what was
+    // added, reused and scored differently from the file.
+    std::string ImportSeriesFile(const std::string& FilePath, std::string& Summary);
 
     // ---- Register look-ups that create what they do not find (Added tells which)
     std::string FindOrAddPerson(const std::string& Firstname, const std::string& Lastname, int& Id,
