@@ -27,9 +27,11 @@ public:
     virtual void Exec(const std::string& sql) = 0;
     // Whether a transaction is open (an operation inside another's takes a savepoint).
     virtual bool InTransaction() const = 0;
-    // Opens a transaction at the isolation the operations need: writers queue on SQLite, and
-    // every operation reads one consistent state on PostgreSQL.
-    virtual void Begin() = 0;
+    // Opens a transaction in which the operation sees one state of the data throughout. A
+    // writer first waits for any other writer to finish (on SQLite by the file's write lock, on
+    // a server by a lock every Tallyboard writer takes), so that two officers' operations never
+    // undo one another and a report never has to be made again.
+    virtual void Begin(bool writer) = 0;
     // The Id the last insert into a table with an AutoNumber Id gave.
     virtual std::int64_t LastInsertId() = 0;
     // Whether the database holds a table of that name (as it is folded on the engine).

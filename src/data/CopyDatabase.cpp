@@ -94,7 +94,7 @@ std::string clResults::CopyDatabase(const std::string& Target) {
     }
     try {
         auto db = OpenConnection(Target);
-        Transaction transaction(*db);
+        Transaction transaction(*db, false);
         if (!db->HasAnyTable())
             MakeSchema(*db);
         else if (!newFile && HoldsData(*db))

@@ -395,9 +395,13 @@ bool PgConnection::InTransaction() const {
     return PQtransactionStatus(connection_) != PQTRANS_IDLE;
 }
 
-void PgConnection::Begin() {
-    // A report reads and writes a whole season: it must see one state of it throughout.
-    Exec("BEGIN ISOLATION LEVEL REPEATABLE READ");
+void PgConnection::Begin(bool writer) {
+    // The lock is taken before the first read, which is when the transaction's view of the
+    // data is fixed: a writer sees everything the writer before it committed. Waiting is
+    // bounded, so a program left holding the lock gives a message rather than a hang.
+    Exec(writer ? "BEGIN ISOLATION LEVEL REPEATABLE READ; SET LOCAL lock_timeout = '60s'; "
+                  "LOCK TABLE Settings IN SHARE ROW EXCLUSIVE MODE"
+                : "BEGIN ISOLATION LEVEL REPEATABLE READ");
 }
 
 std::int64_t PgConnection::LastInsertId() {

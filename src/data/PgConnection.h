@@ -71,7 +71,7 @@ public:
     std::unique_ptr<Statement> Prepare(std::string_view sql) override;
     void Exec(const std::string& sql) override;
     bool InTransaction() const override;
-    void Begin() override;
+    void Begin(bool writer) override;
     std::int64_t LastInsertId() override;
     bool HasTable(const std::string& name) override;
     bool HasAnyTable() override;

@@ -87,7 +87,7 @@ std::string CreateFile(const std::string& path) {
 std::string CreateOnServer(const std::string& uri) {
     try {
         auto db = OpenConnection(uri);
-        Transaction transaction(*db);
+        Transaction transaction(*db, false);
         if (db->HasAnyTable())
             return "E-The database " + uri +
                    " already holds tables; a new database is only made in an empty one";
@@ -141,7 +141,7 @@ $$)");
 std::string ResetIdentities(const std::string& target) {
     try {
         auto db = OpenConnection(target);
-        Transaction transaction(*db);
+        Transaction transaction(*db, false);
         ResetIdentities(*db);
         transaction.Commit();
         return {};

@@ -13,9 +13,11 @@ public:
         : std::runtime_error(text), sqlstate_(std::move(sqlstate)) {}
 
     const std::string& sqlstate() const { return sqlstate_; }
-    // Another officer's transaction got in the way (a serialization failure or a deadlock): the
-    // whole operation may simply be run again.
-    bool IsConflict() const { return sqlstate_ == "40001" || sqlstate_ == "40P01"; }
+    // Another officer's transaction got in the way (a serialization failure, a deadlock, or a
+    // row another program added first): the whole operation may simply be run again.
+    bool IsConflict() const {
+        return sqlstate_ == "40001" || sqlstate_ == "40P01" || sqlstate_ == "23505";
+    }
 
 private:
     std::string sqlstate_;

@@ -143,8 +143,8 @@ bool SqliteConnection::InTransaction() const {
     return sqlite3_get_autocommit(db_.getHandle()) == 0;
 }
 
-void SqliteConnection::Begin() {
-    db_.exec("BEGIN IMMEDIATE");
+void SqliteConnection::Begin(bool writer) {
+    db_.exec(writer ? "BEGIN IMMEDIATE" : "BEGIN");
 }
 
 std::int64_t SqliteConnection::LastInsertId() {

@@ -4,9 +4,9 @@
 
 namespace tb {
 
-Transaction::Transaction(Connection& connection) : connection_(connection) {
+Transaction::Transaction(Connection& connection, bool writer) : connection_(connection) {
     if (!connection_.InTransaction()) {
-        connection_.Begin();
+        connection_.Begin(writer);
         owner_ = true;
     } else {
         connection_.Exec("SAVEPOINT operation");

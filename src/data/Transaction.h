@@ -10,7 +10,8 @@ class Connection;
 // committed, so a run-time error leaves the database as it was.
 class Transaction {
 public:
-    explicit Transaction(Connection& connection);
+    // writer: the operation writes (see Connection::Begin).
+    explicit Transaction(Connection& connection, bool writer = true);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

@@ -77,12 +77,14 @@ std::string clResults::Run(const char* location, Shape shape,
         // sees one state of the data while other officers write.
         if (shape == Shape::Query && Cn->engine() == Engine::SQLite)
             return body();
-        return Atomically([&] {
-            std::string Msg = body();
-            if (Msg.empty() && shape == Shape::Store)
-                Msg = StampModified();
-            return Msg;
-        });
+        return Atomically(
+            [&] {
+                std::string Msg = body();
+                if (Msg.empty() && shape == Shape::Store)
+                    Msg = StampModified();
+                return Msg;
+            },
+            shape != Shape::Query);
     } catch (const ServerError& e) {
         // Inside another operation's transaction, the outermost runs the whole again.
         if (e.IsConflict() && Cn->InTransaction())
@@ -101,9 +103,9 @@ std::string clResults::Failed(const char* location) {
     return ErrorText({}, location, &pending);
 }
 
-std::string clResults::Atomically(const std::function<std::string()>& body) {
+std::string clResults::Atomically(const std::function<std::string()>& body, bool writer) {
     for (int attempt = 1;; ++attempt) {
-        Transaction transaction(*Cn);
+        Transaction transaction(*Cn, writer);
         try {
             std::string Msg = body();
             transaction.Commit();

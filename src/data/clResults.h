@@ -501,7 +501,7 @@ private:
     // Runs body in one transaction (a savepoint inside another's) and commits what it wrote,
     // whatever its message. A conflict with another officer's transaction runs it again, a few
     // times, from the start.
-    std::string Atomically(const std::function<std::string()>& body);
+    std::string Atomically(const std::function<std::string()>& body, bool writer = true);
     // The "C-Error" text of the exception being handled, for the location.
     std::string Failed(const char* location);
     // The SQL text for the engine in use, where the two need their own.
