@@ -7,6 +7,7 @@
 #include <sstream>
 #include <tuple>
 
+#include "data/Connection.h"
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/RunTimeFault.h"
@@ -70,7 +71,7 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
     const std::string Msg = Run("ImportSeries", Shape::Store, [&] {
         // The register operations below each run in a part of this one transaction; a message
         // from any of them leaves the database as it was.
-        Transaction all(Cn->getHandle());
+        Transaction all(*Cn);
         const auto idOf = [&](const char* sql, const std::string& name) {
             const RowSet rows = Query(sql, {name});
             return rows.IsEmpty() ? 0 : static_cast<int>(rows(kIdColumn, 0).AsInt());
