@@ -3,7 +3,6 @@
 #include "app/Globals.h"
 #include "cli/Commands.h"
 #include "data/clResults.h"
-#include "exchange/BlwImport.h"
 
 namespace tb::cli {
 
@@ -11,7 +10,7 @@ int ImportSeries(const std::string& file, const std::string& data) {
     DataFile = data;
     clResults db;
     std::string summary;
-    const std::string Msg = ImportSeriesFile(db, file, summary);
+    const std::string Msg = db.ImportSeriesFile(file, summary);
     if (!Msg.empty())
         return Fail(Msg);
     std::cout << summary;

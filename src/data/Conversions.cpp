@@ -330,26 +330,37 @@ bool LooseDateHasYear(std::string_view text, bool Leading) {
     return parts.numbers.size() == (parts.month ? 2u : 3u);
 }
 
-std::optional<long long> ParseClockTime(std::string_view text) {
+std::optional<long long> ParseClockTime(std::string_view text, ClockForm form) {
     const std::string_view s = Trim(text);
+    const bool strict = form == ClockForm::Strict;
     std::vector<int> fields;
     if (s.size() == 6 && std::all_of(s.begin(), s.end(), IsDigit)) {
         for (std::size_t i = 0; i < 6; i += 2)
             fields.push_back((s[i] - '0') * 10 + (s[i + 1] - '0'));
     } else {
         std::size_t pos = 0;
+        char separator = '\0';
         while (true) {
+            const std::size_t start = pos;
             const auto n = ReadNumber(s, pos, 2);
-            if (!n)
+            if (!n || (strict && !fields.empty() && pos - start != 2))
                 return std::nullopt;
             fields.push_back(*n);
             if (pos == s.size())
                 break;
-            if ((s[pos] != ':' && s[pos] != '.') || fields.size() == 3)
+            if (fields.size() == 3) {
+                // A fraction of a second after "h:mm:ss" (a spreadsheet's) is dropped.
+                if (strict && separator == ':' && s[pos] == '.' && pos + 1 < s.size() &&
+                    std::all_of(s.begin() + static_cast<std::ptrdiff_t>(pos) + 1, s.end(), IsDigit))
+                    break;
                 return std::nullopt;
-            ++pos;
+            }
+            if ((s[pos] != ':' && s[pos] != '.') ||
+                (strict && separator != '\0' && s[pos] != separator))
+                return std::nullopt;
+            separator = s[pos++];
         }
-        if (fields.size() < 2)
+        if (fields.size() < (strict ? 3u : 2u))
             return std::nullopt;
         if (fields.size() == 2)
             fields.push_back(0);
@@ -357,41 +368,6 @@ std::optional<long long> ParseClockTime(std::string_view text) {
     if (fields[0] > 23 || fields[1] > 59 || fields[2] > 59)
         return std::nullopt;
     return fields[0] * 3600LL + fields[1] * 60LL + fields[2];
-}
-
-std::optional<long long> ParseTimeOfDay(std::string_view text) {
-    const std::string_view s = Trim(text);
-    int hh = 0, mi = 0, ss = 0;
-    if (s.size() == 6 && std::all_of(s.begin(), s.end(), IsDigit)) {
-        hh = (s[0] - '0') * 10 + (s[1] - '0');
-        mi = (s[2] - '0') * 10 + (s[3] - '0');
-        ss = (s[4] - '0') * 10 + (s[5] - '0');
-    } else {
-        std::size_t pos = 0;
-        const auto h = ReadNumber(s, pos, 2);
-        const char separator = pos < s.size() ? s[pos] : '\0';
-        if (!h || (separator != ':' && separator != '.'))
-            return std::nullopt;
-        ++pos;
-        const std::size_t minuteStart = pos;
-        const auto m = ReadNumber(s, pos, 2);
-        if (!m || pos - minuteStart != 2 || pos >= s.size() || s[pos] != separator)
-            return std::nullopt;
-        ++pos;
-        const std::size_t secondStart = pos;
-        const auto sec = ReadNumber(s, pos, 2);
-        if (!sec || pos - secondStart != 2)
-            return std::nullopt;
-        if (separator == ':' && pos + 1 < s.size() && s[pos] == '.' &&
-            std::all_of(s.begin() + static_cast<std::ptrdiff_t>(pos) + 1, s.end(), IsDigit))
-            pos = s.size();
-        if (pos != s.size())
-            return std::nullopt;
-        hh = *h, mi = *m, ss = *sec;
-    }
-    if (hh > 23 || mi > 59 || ss > 59)
-        return std::nullopt;
-    return hh * 3600LL + mi * 60LL + ss;
 }
 
 bool IsValidDate(std::string_view text) {

@@ -38,12 +38,14 @@ std::optional<DateTime> ParseLooseDate(std::string_view text, std::string_view O
                                        int DefaultYear, bool Leading = false);
 // Whether the text names a year of its own (four digits, or a third number).
 bool LooseDateHasYear(std::string_view text, bool Leading = false);
-// A time of day (or a duration under a day) written HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or
-// HHMMSS: seconds.
-std::optional<long long> ParseClockTime(std::string_view text);
-// A time of day as a timing app or a spreadsheet writes it: "hhmmss", "h:mm:ss" or "h.mm.ss"
-// (a fraction of a second after "h:mm:ss" is dropped). Gives the seconds since midnight.
-std::optional<long long> ParseTimeOfDay(std::string_view text);
+// Which forms a clock time may take. Loose, as other scoring programs write times of day and
+// durations under a day: HH.MM.SS, HH:MM:SS, H:MM:SS, HH:MM or HHMMSS, with fields of one or
+// two digits and either separator. Strict, as a timing app or a spreadsheet writes a time of
+// day: "hhmmss", "h:mm:ss" or "h.mm.ss", two-digit minutes and seconds and one separator
+// throughout; a fraction of a second after "h:mm:ss" is dropped.
+enum class ClockForm { Loose, Strict };
+// Seconds since midnight (or of the duration).
+std::optional<long long> ParseClockTime(std::string_view text, ClockForm form = ClockForm::Loose);
 
 // The database's storage form "YYYY-MM-DD HH:MM:SS" (a date alone is accepted too).
 std::optional<DateTime> ParseStoredDateTime(std::string_view text);

@@ -55,6 +55,10 @@ public:
     // nothing: a failure leaves no file behind and nothing written on the server.
     std::string CopyDatabase(const std::string& Target);
 
+    // Checks a data file text before it is kept in the settings: a file that exists, or a
+    // PostgreSQL URI (not looked up here) without a password. Returns a message.
+    static std::string CheckDataFile(const std::string& DataFile);
+
     // Doubles every apostrophe and changes nothing else.
     static std::string SqlQuote(const std::string& Text);
 
@@ -455,6 +459,9 @@ public:
     // Writes a planned import (a series from another scoring program's file) in one
     // transaction: nothing is written when any step fails.
     std::string ImportSeries(const SeriesImport& Plan, ImportCounts& Counts);
+    // Reads, plans and writes another scoring program's .blw series file; Summary is what was
+    // added, reused and scored differently from the file.
+    std::string ImportSeriesFile(const std::string& FilePath, std::string& Summary);
 
     // ---- Register look-ups that create what they do not find (Added tells which)
     std::string FindOrAddPerson(const std::string& Firstname, const std::string& Lastname, int& Id,

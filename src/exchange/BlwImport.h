@@ -64,8 +64,8 @@ struct SeriesImport {
     clResults::ScoringValues points;
     clResults::DiscardLines discards;
     // What the summary tells: everything scored differently from the file.
-    std::vector<std::string> codesMapped, placesOnlyRaces, undatedRaces, ratingsMissing,
-        scoringNotes, gunsUntimed;
+    std::vector<std::string> codesMapped, placesOnlyRaces, placesClosedUp, undatedRaces,
+        ratingsMissing, scoringNotes, gunsUntimed;
     int leftovers = 0;
 };
 
@@ -85,8 +85,5 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
 
 // The summary shown after an import.
 std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Counts);
-
-// Reads, plans and writes a .blw series file through the gateway; Summary is the text to show.
-std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string& Summary);
 
 }  // namespace tb

@@ -6,6 +6,7 @@
 #include "data/Messages.h"
 #include "data/ResultStatus.h"
 #include "exchange/BlwImport.h"
+#include "exchange/RowChecks.h"
 
 namespace tb {
 
@@ -200,28 +201,39 @@ void PlanScoring(const blw::SeriesFile& File, const std::string& root, std::size
                                             " + " + otherMethod->value);
         }
     }
-    // One rule wherever the count of discards rises within the races sailed.
+    // One rule wherever the count of discards rises within the races sailed. A discard system
+    // holds five rules: the rises beyond them are left out and named, and the fifth rule's count
+    // holds on to the end of the series.
     const blw::Field* list = Find(system.fields, "scrdiscardlist");
+    if (!list)
+        return;
+    const std::size_t rules = Plan.discards[0].size();
     std::size_t line = 0;
     long previous = 0;
-    if (list) {
-        const auto counts = Split(list->value, ',');
-        for (std::size_t i = 0; i < counts.size() && i < racesSailed; ++i) {
-            const auto count = ParseNumber(Trimmed(counts[i]));
-            if (!count || *count < 0)
-                Fault(*list, "scrdiscardlist", "'" + counts[i] + "' is not a number of discards");
-            if (static_cast<long>(*count) <= previous)
-                continue;
-            previous = static_cast<long>(*count);
-            if (line == 5)
-                Fault(*list, "scrdiscardlist",
-                      "the discards rise more than five times over the races sailed; a discard "
-                      "system holds five rules");
-            Plan.discards[0][line] = std::to_string(i + 1);
-            Plan.discards[1][line] = std::to_string(previous);
-            ++line;
+    std::string beyond;
+    const auto counts = Split(list->value, ',');
+    for (std::size_t i = 0; i < counts.size() && i < racesSailed; ++i) {
+        const auto count = ParseNumber(Trimmed(counts[i]));
+        if (!count || *count < 0)
+            Fault(*list, "scrdiscardlist", "'" + counts[i] + "' is not a number of discards");
+        if (static_cast<long>(*count) <= previous)
+            continue;
+        previous = static_cast<long>(*count);
+        const std::string racesRun = std::to_string(i + 1);
+        if (line == rules) {
+            beyond += (beyond.empty() ? "" : ", ") + std::to_string(previous) + " from " +
+                      racesRun + " races";
+            continue;
         }
+        Plan.discards[0][line] = racesRun;
+        Plan.discards[1][line] = std::to_string(previous);
+        ++line;
     }
+    if (!beyond.empty())
+        Plan.scoringNotes.push_back("the file's discards " + beyond +
+                                    " are left out: a discard system holds five rules, so " +
+                                    Plan.discards[1][rules - 1] + " are discarded from " +
+                                    Plan.discards[0][rules - 1] + " races on");
 }
 
 // The rating system of a fleet: a child of the root system for that fleet, else the root's.
@@ -320,8 +332,16 @@ std::vector<const blw::Race*> PlanRaces(const blw::SeriesFile& File, int FileYea
     return races;
 }
 
+// "First Last", the first word the first name; written "Last, First" as the register's files
+// write owners, it is read as they are.
 void SplitName(const std::string& name, std::string& first, std::string& last) {
     const std::string whole = Trimmed(name);
+    if (whole.find(',') != std::string::npos) {
+        const PersonName person = SplitPersonName(whole);
+        first = person.Firstname;
+        last = person.Lastname;
+        return;
+    }
     const auto blank = whole.find(' ');
     first = blank == std::string::npos ? whole : whole.substr(0, blank);
     last = blank == std::string::npos ? std::string() : Trimmed(whole.substr(blank + 1));
@@ -402,6 +422,27 @@ struct SeriesPlanner {
         return true;
     }
 
+    // Whether the recorded places of a places-only race leave gaps (places held by boats then
+    // scored by code): Tallyboard places the finishers behind them without the gap.
+    bool PlacesCloseUp(std::size_t race, std::size_t cls) const {
+        const auto gun = GunOf(race, cls);
+        std::vector<long long> places;
+        for (const ImportedEntrant& entrant : series.entrants)
+            for (const ImportedResult& result : entrant.results)
+                if (entrant.cls == cls && result.race == race && result.finish && gun &&
+                    result.status == ResultStatus::kFinished)
+                    places.push_back((*result.finish - *gun).count());
+        std::sort(places.begin(), places.end());
+        // Tied places share the first one's rank.
+        for (std::size_t i = 0, first = 0; i < places.size(); ++i) {
+            if (places[i] != places[first])
+                first = i;
+            if (places[i] != static_cast<long long>(first) + 1)
+                return true;
+        }
+        return false;
+    }
+
     void AddEntrant(const blw::Competitor& comp, const blw::Competitor& boatOf,
                     const std::vector<const blw::Competitor*>& comps) {
         ImportedEntrant entrant;
@@ -465,7 +506,7 @@ struct SeriesPlanner {
     }
 
     void AddResult(ImportedEntrant& entrant, std::size_t r, const Fields& cell, bool placesOnly) {
-        if (!HasAny(cell, {"rft", "rele", "rpos", "rcod"}) ||
+        if (!HasAny(cell, {"rft", "rele", "rrecpos", "rpos", "rcod"}) ||
             Trimmed(Text(cell, "rrestyp")) == "0") {
             ++plan.leftovers;
             return;
@@ -503,10 +544,13 @@ struct SeriesPlanner {
                       "the elapsed time '" + rele->value + "' does not read as a time");
             if (gun)
                 result.finish = *gun + std::chrono::seconds(*time);
-        } else if (const blw::Field* rpos = Find(cell, "rpos"); rpos && code.empty()) {
-            const auto place = ParseNumber(Trimmed(rpos->value));
+        } else if (const char* key = Find(cell, "rrecpos") ? "rrecpos" : "rpos";
+                   Find(cell, key) && code.empty()) {
+            // The place as recorded; the ranked place (rpos) counts boats scored by code too.
+            const blw::Field& recorded = *Find(cell, key);
+            const auto place = ParseNumber(Trimmed(recorded.value));
             if (!place || *place < 1)
-                Fault(*rpos, "rpos", "the place '" + rpos->value + "' is not a place");
+                Fault(recorded, key, "the place '" + recorded.value + "' is not a place");
             // Places only: finishes one second apart from the gun in the recorded order.
             if (placesOnly)
                 result.finish = gun.value_or(day + std::chrono::hours(12)) +
@@ -605,9 +649,13 @@ std::string PlanSeriesImport(const blw::SeriesFile& File, const std::string& Fil
 
         for (std::size_t r = 0; r < races.size(); ++r) {
             for (std::size_t c = 0; c < primary.series.classes.size(); ++c) {
-                if (primary.PlacesOnly(r, c, comps))
-                    plan.placesOnlyRaces.push_back(plan.races[r].name + " (" +
-                                                   primary.series.classes[c].name + ")");
+                if (!primary.PlacesOnly(r, c, comps))
+                    continue;
+                const std::string race =
+                    plan.races[r].name + " (" + primary.series.classes[c].name + ")";
+                plan.placesOnlyRaces.push_back(race);
+                if (primary.PlacesCloseUp(r, c))
+                    plan.placesClosedUp.push_back(race);
             }
         }
         plan.series.push_back(std::move(primary.series));

@@ -241,11 +241,11 @@ bool ReadFinish(const std::string& text, FinishRow& finish) {
         return true;
     const auto blank = text.find_last_of(" T");
     if (blank == std::string::npos) {
-        finish.TimeOfDay = ParseTimeOfDay(text);
+        finish.TimeOfDay = ParseClockTime(text, ClockForm::Strict);
         return finish.TimeOfDay.has_value();
     }
     const auto day = ParseTypedDate(text.substr(0, blank));
-    finish.TimeOfDay = ParseTimeOfDay(text.substr(blank + 1));
+    finish.TimeOfDay = ParseClockTime(text.substr(blank + 1), ClockForm::Strict);
     if (!day || !finish.TimeOfDay)
         return false;
     finish.Day = DatePart(*day);

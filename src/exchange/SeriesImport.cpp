@@ -1,12 +1,16 @@
 #include <sys/stat.h>
 
+#include "data/Connection.h"
+
 #include <fstream>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/RunTimeFault.h"
+#include "data/Transaction.h"
 #include "exchange/BlwImport.h"
 
 namespace tb {
@@ -16,9 +20,6 @@ namespace {
 constexpr const char* kScoringNamed = "SELECT Scoring.Id FROM Scoring WHERE Description = ?1";
 constexpr const char* kDiscardsNamed =
     "SELECT DiscardSystem.Id FROM DiscardSystem WHERE Description = ?1";
-constexpr const char* kHandicapTypeNamed =
-    "SELECT HandicapType.Id FROM HandicapType WHERE Description = ?1";
-constexpr const char* kAddHandicapType = "INSERT INTO HandicapType (Description) VALUES (?1)";
 constexpr const char* kAddSeries =
     "INSERT INTO Series (Title, SubseriesTitle, Scoring, Discards) VALUES (?1, NULL, ?2, ?3)";
 constexpr const char* kAddRace =
@@ -28,17 +29,6 @@ constexpr const char* kAddClass =
     "INSERT INTO Class (HandicapType, Series, MinTCF, ClassName) VALUES (?1, ?2, 0, ?3)";
 constexpr const char* kSetGun =
     "UPDATE Start SET StartTime = ?1 WHERE Schedule = ?2 AND Class = ?3";
-constexpr const char* kPersonNamed =
-    "SELECT People.Id FROM People WHERE People.Firstname = ?1 AND People.Lastname = ?2";
-constexpr const char* kAddPerson =
-    "INSERT INTO People (Firstname, Lastname, ClubMember) VALUES (?1, ?2, 0)";
-constexpr const char* kModelNamed = "SELECT BoatType.Id FROM BoatType WHERE Model = ?1";
-constexpr const char* kAddModel = "INSERT INTO BoatType (Model, LOA, Draft) VALUES (?1, 0, 0)";
-constexpr const char* kBoatNamed =
-    "SELECT Boat.Id FROM Boat WHERE Boat.FullSailNo = ?1 AND Boat.BoatName = ?2";
-constexpr const char* kAddBoat =
-    "INSERT INTO Boat (BoatName, FullSailNo, SailNo, BoatType, Owner) "
-    "VALUES (?1, ?2, ?3, ?4, ?5)";
 constexpr const char* kSameHandicap = R"sql(
 SELECT Handicap.Id FROM Handicap
 WHERE Handicap.Boat = ?1 AND Handicap.HandicapType = ?2 AND Handicap.Handicap = ?3
@@ -54,6 +44,8 @@ constexpr const char* kAddResult = R"sql(
 INSERT INTO Results (Schedule, Entrant, FinishTime, Status, PenaltyMins, PenaltyPercent,
                      PenaltyPoints, Notes)
 VALUES (?1, ?2, ?3, ?4, 0, 0, 0, NULL))sql";
+// Every look-up by name gives the Id alone.
+constexpr std::size_t kIdColumn = 0;
 
 // A name no row of the table holds yet: the name itself, else with " (2)", " (3)" ...
 template <typename Taken>
@@ -76,9 +68,12 @@ std::string Listed(const std::vector<std::string>& items) {
 std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Counts) {
     ImportCounts counts;
     const std::string Msg = Run("ImportSeries", Shape::Store, [&] {
+        // The register operations below each run in a part of this one transaction; a message
+        // from any of them leaves the database as it was.
+        Transaction all(*Cn);
         const auto idOf = [&](const char* sql, const std::string& name) {
             const RowSet rows = Query(sql, {name});
-            return rows.IsEmpty() ? 0 : static_cast<int>(rows(0, 0).AsInt());
+            return rows.IsEmpty() ? 0 : static_cast<int>(rows(kIdColumn, 0).AsInt());
         };
         const std::string scoringName = FreeName(
             Plan.scoringName, [&](const std::string& n) { return idOf(kScoringNamed, n) != 0; });
@@ -91,33 +86,34 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
         const int scoring = idOf(kScoringNamed, scoringName);
         const int discards = idOf(kDiscardsNamed, discardName);
 
-        std::map<std::string, int> handicapTypes;
-        const auto handicapType = [&](const std::string& name) {
-            int& id = handicapTypes[name];
-            if (id == 0)
-                id = idOf(kHandicapTypeNamed, name);
-            if (id == 0) {
-                Execute(kAddHandicapType, {name});
-                id = static_cast<int>(LastInsertId());
-            }
-            return id;
-        };
         // The summary counts each record once: reused are those the database held before.
-        std::set<std::pair<const char*, int>> addedNow, reusedNow;
-        const auto findOrAdd = [&](const char* find, const std::vector<Value>& key, const char* add,
-                                   const std::vector<Value>& row, int& added, int& reused) {
-            const RowSet rows = Query(find, key);
-            if (!rows.IsEmpty()) {
-                const int id = static_cast<int>(rows(0, 0).AsInt());
-                if (addedNow.count({find, id}) == 0 && reusedNow.insert({find, id}).second)
-                    ++reused;
-                return id;
+        std::set<std::pair<std::string, int>> addedNow, reusedNow;
+        const auto count = [&](const char* kind, int id, bool added, int& adds, int& reuses) {
+            if (added) {
+                addedNow.insert({kind, id});
+                ++adds;
+            } else if (!addedNow.count({kind, id}) && reusedNow.insert({kind, id}).second) {
+                ++reuses;
             }
-            Execute(add, row);
-            ++added;
-            const int id = static_cast<int>(LastInsertId());
-            addedNow.insert({find, id});
-            return id;
+        };
+        // The boat with the same full sail number and name, else a new one.
+        const auto findOrAddBoat = [&](const ImportedEntrant& entrant, int model, int owner,
+                                       int& id) {
+            RowSet found, detail;
+            std::string Msg = FindBoat(entrant.fullSailNo, found);
+            for (std::size_t r = 0; Msg.empty() && r < found.Rows(); ++r) {
+                const int candidate = static_cast<int>(found(FoundCol::Id, r).AsInt());
+                Msg = GetBoatDetails(candidate, detail);
+                if (Msg.empty() &&
+                    detail(BoatDetailCol::BoatName, 0).ToText() == entrant.boatName) {
+                    id = candidate;
+                    return std::pair{Msg, false};
+                }
+            }
+            id = 0;
+            if (Msg.empty())
+                Msg = PutBoatDetails(id, entrant.boatName, entrant.fullSailNo, model, owner);
+            return std::pair{Msg, true};
         };
 
         for (const ImportedSeries& series : Plan.series) {
@@ -129,10 +125,16 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                 Execute(kAddRace, {seriesId, race.name, race.date});
                 raceIds.push_back(static_cast<int>(LastInsertId()));
             }
-            std::vector<int> classIds;
+            std::vector<int> classIds, typeIds;
             for (const ImportedClass& cls : series.classes) {
-                Execute(kAddClass, {handicapType(cls.handicapType), seriesId, cls.name});
+                int type = 0;
+                bool added = false;
+                Msg = FindOrAddHandicapType(cls.handicapType, type, added);
+                if (!Msg.empty())
+                    return Msg;
+                Execute(kAddClass, {type, seriesId, cls.name});
                 classIds.push_back(static_cast<int>(LastInsertId()));
+                typeIds.push_back(type);
             }
             for (int raceId : raceIds) {
                 RowSet starts;
@@ -144,27 +146,30 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                 Execute(kSetGun, {start.gun, raceIds[start.race], classIds[start.cls]});
 
             for (const ImportedEntrant& entrant : series.entrants) {
-                const int person = findOrAdd(kPersonNamed, {entrant.firstname, entrant.lastname},
-                                             kAddPerson, {entrant.firstname, entrant.lastname},
-                                             counts.peopleAdded, counts.peopleReused);
-                const int model =
-                    findOrAdd(kModelNamed, {entrant.model}, kAddModel, {entrant.model},
-                              counts.modelsAdded, counts.modelsReused);
-                std::string digits;
-                for (char c : entrant.fullSailNo)
-                    if (c >= '0' && c <= '9' && digits.size() < 9)
-                        digits += c;
-                const int boat =
-                    findOrAdd(kBoatNamed, {entrant.fullSailNo, entrant.boatName}, kAddBoat,
-                              {entrant.boatName, entrant.fullSailNo,
-                               digits.empty() ? 0 : std::stoi(digits), model, person},
-                              counts.boatsAdded, counts.boatsReused);
-                const int type = handicapType(series.classes[entrant.cls].handicapType);
+                int person = 0, model = 0, boat = 0;
+                bool added = false;
+                Msg = FindOrAddPerson(entrant.firstname, entrant.lastname, person, added);
+                count("person", person, added, counts.peopleAdded, counts.peopleReused);
+                if (Msg.empty())
+                    Msg = FindOrAddModel(entrant.model, model, added);
+                count("model", model, added, counts.modelsAdded, counts.modelsReused);
+                if (Msg.empty())
+                    std::tie(Msg, added) = findOrAddBoat(entrant, model, person, boat);
+                count("boat", boat, added, counts.boatsAdded, counts.boatsReused);
+                if (!Msg.empty())
+                    return Msg;
+                const int type = typeIds[entrant.cls];
                 for (const ImportedHandicap& h : entrant.handicaps) {
                     const Value expires = h.expires ? Value(*h.expires) : Value();
-                    findOrAdd(kSameHandicap, {boat, type, h.factor, h.from, expires}, kAddHandicap,
-                              {type, boat, h.factor, h.from, expires, Now()}, counts.handicapsAdded,
-                              counts.handicapsReused);
+                    const RowSet same =
+                        Query(kSameHandicap, {boat, type, h.factor, h.from, expires});
+                    int id = same.IsEmpty() ? 0 : static_cast<int>(same(kIdColumn, 0).AsInt());
+                    if (id == 0) {
+                        Execute(kAddHandicap, {type, boat, h.factor, h.from, expires, Now()});
+                        id = static_cast<int>(LastInsertId());
+                    }
+                    count("handicap", id, same.IsEmpty(), counts.handicapsAdded,
+                          counts.handicapsReused);
                 }
                 Execute(kAddEntrant,
                         {boat, seriesId, person, Plan.firstDay, classIds[entrant.cls]});
@@ -180,6 +185,7 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
                 }
             }
         }
+        all.Commit();
         return std::string();
     });
     if (Msg.empty())
@@ -206,6 +212,10 @@ std::string ImportSummaryText(const SeriesImport& Plan, const ImportCounts& Coun
     };
     list("Codes mapped", Plan.codesMapped);
     list("Places-only races", Plan.placesOnlyRaces);
+    list(
+        "Places-only races with places held by boats scored by code (the finishers behind "
+        "them move up)",
+        Plan.placesClosedUp);
     list("Races without a date", Plan.undatedRaces);
     list("Races without a gun time (started at 12:00:00)", Plan.gunsUntimed);
     list("Boats without a rating (listed in the race's problem report)", Plan.ratingsMissing);
@@ -247,9 +257,9 @@ std::string ImportFile(clResults& Db, const std::string& Path, std::string& Summ
 
 }  // namespace
 
-std::string ImportSeriesFile(clResults& Db, const std::string& Path, std::string& Summary) {
+std::string clResults::ImportSeriesFile(const std::string& FilePath, std::string& Summary) {
     try {
-        return ImportFile(Db, Path, Summary);
+        return ImportFile(*this, FilePath, Summary);
     } catch (...) {
         const PendingError pending = DescribeCurrentException();
         return ErrorText({}, "ImportSeriesFile", &pending);

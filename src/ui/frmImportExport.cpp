@@ -22,26 +22,36 @@ namespace tb {
 namespace {
 
 struct KindChoice {
-    CsvKind kind;
+    int kind;  // a CsvKind, or kSeriesFile
     const char* caption;
 };
 
-constexpr KindChoice kKinds[] = {
-    {CsvKind::People, "People"},
-    {CsvKind::Models, "Boat models"},
-    {CsvKind::Boats, "Boats"},
-    {CsvKind::Handicaps, "Handicaps"},
-    {CsvKind::Finishes, "Finishes of the race"},
-    {CsvKind::Results, "Results of the race"},
-    {CsvKind::Standings, "Standings of the series up to the race"},
-};
+// Another scoring program's series file, brought across whole.
+constexpr int kSeriesFile = -1;
 
-bool Readable(CsvKind kind) {
-    return IsRegisterKind(kind) || kind == CsvKind::Finishes;
+constexpr int Of(CsvKind kind) {
+    return static_cast<int>(kind);
 }
 
-bool OfTheRace(CsvKind kind) {
-    return kind == CsvKind::Finishes || kind == CsvKind::Results || kind == CsvKind::Standings;
+constexpr KindChoice kKinds[] = {
+    {Of(CsvKind::People), "People"},
+    {Of(CsvKind::Models), "Boat models"},
+    {Of(CsvKind::Boats), "Boats"},
+    {Of(CsvKind::Handicaps), "Handicaps"},
+    {kSeriesFile, "Series from another scoring program (.blw)"},
+    {Of(CsvKind::Finishes), "Finishes of the race"},
+    {Of(CsvKind::Results), "Results of the race"},
+    {Of(CsvKind::Standings), "Standings of the series up to the race"},
+};
+
+bool Readable(int kind) {
+    return kind == kSeriesFile || IsRegisterKind(static_cast<CsvKind>(kind)) ||
+           kind == Of(CsvKind::Finishes);
+}
+
+bool OfTheRace(int kind) {
+    return kind == Of(CsvKind::Finishes) || kind == Of(CsvKind::Results) ||
+           kind == Of(CsvKind::Standings);
 }
 
 }  // namespace
@@ -53,7 +63,7 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
     SelKind->setObjectName("SelKind");
     for (const KindChoice& choice : kKinds) {
         if (!OfTheRace(choice.kind) || RaceId > 0)
-            SelKind->addItem(choice.caption, static_cast<int>(choice.kind));
+            SelKind->addItem(choice.caption, choice.kind);
     }
     SelKind->setToolTip("What the file holds");
     tFile = new QLineEdit(this);
@@ -73,7 +83,7 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
         "read as");
     listProblems = new QListWidget(this);
     listProblems->setObjectName("listProblems");
-    listProblems->setToolTip("Every problem of the file; nothing is imported while there is one");
+    listProblems->setWordWrap(true);
     lInfo = new QLabel(this);
     lInfo->setObjectName("lInfo");
     lInfo->setWordWrap(true);
@@ -103,9 +113,11 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
     buttons->addWidget(cmdClose);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addWidget(new QLabel("First rows, with the column each field is read as:", this));
+    lPreview = new QLabel("First rows, with the column each field is read as:", this);
+    layout->addWidget(lPreview);
     layout->addWidget(listPreview, 3);
-    layout->addWidget(new QLabel("Problems:", this));
+    lProblems = new QLabel(this);
+    layout->addWidget(lProblems);
     layout->addWidget(listProblems, 1);
     layout->addLayout(buttons);
     resize(900, 560);
@@ -130,18 +142,28 @@ frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* pare
 }
 
 void frmImportExport::KindChosen() {
-    const auto kind = static_cast<CsvKind>(SelKind->currentData().toInt());
+    const int kind = SelKind->currentData().toInt();
     const bool readable = Readable(kind);
     for (QWidget* field : {static_cast<QWidget*>(tFile), static_cast<QWidget*>(cmdBrowse)})
         field->setEnabled(readable);
-    cUpdate->setEnabled(IsRegisterKind(kind));
-    cmdExport->setEnabled(kind != CsvKind::Finishes);
+    cUpdate->setEnabled(kind != kSeriesFile && IsRegisterKind(static_cast<CsvKind>(kind)));
+    cmdExport->setEnabled(kind != kSeriesFile && kind != Of(CsvKind::Finishes));
+    // A series file has no rows to look at: its summary takes the room.
+    lPreview->setVisible(kind != kSeriesFile);
+    listPreview->setVisible(kind != kSeriesFile);
+    lProblems->setText(kind == kSeriesFile ? "What the import brought across:" : "Problems:");
+    listProblems->setToolTip(kind == kSeriesFile
+                                 ? "What was added, reused and scored differently from the file"
+                                 : "Every problem of the file; nothing is imported while there "
+                                   "is one");
     RunTrapped("ImportExport.Preview", [this] { return Preview(); });
 }
 
 void frmImportExport::Browse() {
-    const QString file = QFileDialog::getOpenFileName(this, "Import a CSV file", tFile->text(),
-                                                      "CSV files (*.csv *.txt);;All files (*)");
+    const bool series = SelKind->currentData().toInt() == kSeriesFile;
+    const QString file = QFileDialog::getOpenFileName(
+        this, series ? "Import a series file" : "Import a CSV file", tFile->text(),
+        series ? "Series files (*.blw);;All files (*)" : "CSV files (*.csv *.txt);;All files (*)");
     if (file.isEmpty())
         return;
     tFile->setText(file);
@@ -154,13 +176,20 @@ std::string frmImportExport::Preview() {
     listPreview->setColumnCount(0);
     listProblems->clear();
     cmdImport->setEnabled(false);
-    const auto kind = static_cast<CsvKind>(SelKind->currentData().toInt());
+    lInfo->clear();
+    const int kind = SelKind->currentData().toInt();
     const std::string file = S(tFile->text().trimmed());
     if (!Readable(kind) || file.empty())
         return {};
+    // A series file is checked whole as it is imported: nothing is written when it has a fault.
+    if (kind == kSeriesFile) {
+        cmdImport->setEnabled(true);
+        lInfo->setText("Ready to import the series");
+        return {};
+    }
     ImportReport report;
-    const std::string Msg =
-        ResultsDb.PreviewImport(kind, file, cUpdate->isChecked(), RaceId, report);
+    const std::string Msg = ResultsDb.PreviewImport(static_cast<CsvKind>(kind), file,
+                                                    cUpdate->isChecked(), RaceId, report);
     listPreview->setColumnCount(static_cast<int>(report.Header.size()));
     QStringList headings;
     for (std::size_t c = 0; c < report.Header.size(); ++c) {
@@ -191,15 +220,31 @@ std::string frmImportExport::Preview() {
 }
 
 std::string frmImportExport::Import() {
-    const auto kind = static_cast<CsvKind>(SelKind->currentData().toInt());
+    const int kind = SelKind->currentData().toInt();
+    if (kind == kSeriesFile)
+        return ImportSeries();
     ImportReport report;
     const std::string Msg =
-        ResultsDb.ImportCsv(kind, S(tFile->text().trimmed()), cUpdate->isChecked(), RaceId, report);
+        ResultsDb.ImportCsv(static_cast<CsvKind>(kind), S(tFile->text().trimmed()),
+                            cUpdate->isChecked(), RaceId, report);
     if (!Msg.empty())
         return Msg;
     Summary = report.Summary;
     cmdImport->setEnabled(false);
     lInfo->setText("Imported: " + Q(Summary).trimmed().replace("\n", "; "));
+    return {};
+}
+
+std::string frmImportExport::ImportSeries() {
+    std::string summary;
+    const std::string Msg = ResultsDb.ImportSeriesFile(S(tFile->text().trimmed()), summary);
+    if (!Msg.empty())
+        return Msg;
+    Summary = summary;
+    cmdImport->setEnabled(false);
+    listProblems->clear();
+    listProblems->addItems(Q(Summary).trimmed().split('\n'));
+    lInfo->setText("Imported: " + listProblems->item(0)->text());
     return {};
 }
 

@@ -18,13 +18,15 @@ class clResults;
 // Brings a club's register and a race's finishes in from CSV files and takes the register, the
 // race's results and the series' standings out: choose what and the file, see the first rows
 // with the column each field is read as and every problem by row, then Import; or Export
-// through a save dialog.
+// through a save dialog. A series file of another scoring program is imported whole, and what
+// it brought across is listed.
 class frmImportExport : public QDialog {
     Q_OBJECT
 public:
     frmImportExport(clResults& ResultsDb, int RaceId, QWidget* parent = nullptr);
 
-    // What the last import added, updated and skipped; empty when nothing was imported.
+    // What the last import added, updated and skipped (for a series file, the whole summary);
+    // empty when nothing was imported.
     const std::string& ImportSummary() const { return Summary; }
 
 private:
@@ -32,6 +34,7 @@ private:
     void Browse();
     std::string Preview();
     std::string Import();
+    std::string ImportSeries();
     std::string Export();
 
     clResults& ResultsDb;
@@ -42,7 +45,9 @@ private:
     QLineEdit* tFile;
     QPushButton* cmdBrowse;
     QCheckBox* cUpdate;
+    QLabel* lPreview;
     QTableWidget* listPreview;
+    QLabel* lProblems;
     QListWidget* listProblems;
     QLabel* lInfo;
     QPushButton* cmdImport;

@@ -5,20 +5,20 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
+#include <regex>
 #include <string>
 
 #include "app/Globals.h"
+#include "support/Checks.h"
+#include "support/TestDatabase.h"
 
 namespace tb {
 namespace {
 
-struct Outcome {
-    int status;
-    std::string output;
-};
-
-// Runs a program of the build with the arguments (shell words) and gathers stdout and stderr.
-Outcome RunProgram(const std::string& program, const std::string& arguments) {
+// Runs a program of the build with the arguments (shell words); its exit status and what it
+// wrote to stdout and stderr.
+std::pair<int, std::string> RunProgram(const std::string& program, const std::string& arguments) {
     const std::string command =
         "QT_QPA_PLATFORM=offscreen " + ProgramFolder() + "/" + program + " " + arguments + " 2>&1";
     FILE* pipe = ::popen(command.c_str(), "r");
@@ -30,38 +30,20 @@ Outcome RunProgram(const std::string& program, const std::string& arguments) {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
 }
 
+// The rows run in order, so a file one row makes is there for the next.
 TEST(CommandLine, HelpAndVersionEndWellAndAWrongArgumentSaysWhatWasExpected) {
-    struct Row {
-        const char *program, *arguments;
-        int status;
-        const char* says;
-    } rows[] = {
-        {"tallyboard-cli", "--help", 0, "Usage: tallyboard-cli"},
-        {"tallyboard-cli", "report --help", 0, "--kind"},
-        {"tallyboard-cli", "demo --help", 0, "--seed"},
-        {"tallyboard-cli", "--version", 0, "tallyboard-cli 1.0"},
-        {"tallyboard-cli", "", 2, "Usage: tallyboard-cli"},
-        {"tallyboard-cli", "publish x.db", 2, "publish: no such command"},
-        {"tallyboard-cli", "report --data d --reports r --race abc --kind R", 2,
-         "--race: expects a whole number"},
-        {"tallyboard-cli", "report --data d --reports r --race 1 --kind Q", 2,
-         "--kind: expects one of the letters E, A, C, R, S, B"},
-        {"tallyboard-cli", "report --data d --reports r --kind R", 2, "--race is required"},
-        {"tallyboard-cli", "demo x.db --boats 0", 2, "--boats: expects a whole number from 1"},
-        {"tallyboard-cli", "createdb", 2, "FILE is required"},
-        {"tallyboard", "--help", 0, "--data <FILE>"},
-        {"tallyboard", "--version", 0, "tallyboard 1.0"},
-        {"tallyboard", "--colour blue", 2, "Unknown option 'colour'"},
-        {"tallyboard", "--data", 2, "Missing value after '--data'"},
-        {"tallyboard", "season.db", 2, "unexpected argument season.db"},
-    };
-    for (const Row& row : rows) {
-        const Outcome outcome = RunProgram(row.program, row.arguments);
-        EXPECT_EQ(outcome.status, row.status) << row.program << ' ' << row.arguments;
-        EXPECT_NE(outcome.output.find(row.says), std::string::npos)
-            << row.program << ' ' << row.arguments << ":\n"
-            << outcome.output;
+    test::TempFolder folder;
+    const std::regex placeholder("\\{folder\\}");
+    for (const auto& row : test::DataFileRows("cli/arguments.tsv")) {
+        const std::string arguments = std::regex_replace(row.at(1), placeholder, folder.path());
+        const auto [status, output] = RunProgram(row.at(0), arguments);
+        EXPECT_EQ(status, std::stoi(row.at(2))) << row.at(0) << ' ' << arguments;
+        EXPECT_NE(output.find(std::regex_replace(row.at(3), placeholder, folder.path())),
+                  std::string::npos)
+            << row.at(0) << ' ' << arguments << ":\n"
+            << output;
     }
+    EXPECT_FALSE(std::filesystem::exists(folder.path() + "/x.db"));
 }
 
 }  // namespace

@@ -93,30 +93,24 @@ TEST_F(BoatsTest, BoatsListKeepsBoatsWithoutAModelAndSortsSailNumbersAsNumbers) 
     ASSERT_EQ(results.RemoveModel(gone), "");
     RowSet boats;
     ASSERT_EQ(results.GetBoats(boats), "");
-    ASSERT_EQ(boats.Columns(), 5u);
-    using Texts = std::vector<std::string>;
-    EXPECT_EQ(test::Column(boats, 3), (Texts{"2", "3", "1", "GBR 30", "GBR 200"}));
-    EXPECT_EQ(test::Column(boats, 2), (Texts{"", "", "Laser", "Laser", "Laser"}));
+    EXPECT_EQ(test::Rendered(boats), test::Expected("data/boats.txt", "list"));
 }
 
 TEST_F(BoatsTest, FindBoatComparesTheWholeSailNumberAndTakesApostrophes) {
-    const int quoted = AddBoat("Quoted", "O'DAY 7");
-    const int plain = AddBoat("Plain", "GBR1234");
-    const struct {
-        const char* sailNo;
-        int found;
-    } cases[] = {{"O'DAY 7", quoted}, {"o'day 7", quoted}, {"GBR1234", plain},
-                 {"gbr1234", plain},  {"GBR 1234", 0},     {"GBR123", 0}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.sailNo);
+    AddBoat("Quoted", "O'DAY 7");
+    AddBoat("Plain", "GBR1234");
+    // The boat found (its Id), none when the row set is empty.
+    for (const auto& [sailNo, found] : {std::pair<std::string, std::string>{"O'DAY 7", "1"},
+                                        {"o'day 7", "1"},
+                                        {"GBR1234", "2"},
+                                        {"gbr1234", "2"},
+                                        {"GBR 1234", ""},
+                                        {"GBR123", ""}}) {
         RowSet boats;
-        ASSERT_EQ(results.FindBoat(c.sailNo, boats), "");
-        if (c.found == 0) {
-            EXPECT_TRUE(boats.IsEmpty());
-        } else {
-            ASSERT_EQ(boats.Rows(), 1u);
-            EXPECT_EQ(boats(0, 0).AsInt(), c.found);
-        }
+        ASSERT_EQ(results.FindBoat(sailNo, boats), "");
+        EXPECT_EQ(test::Column(boats, 0),
+                  found.empty() ? std::vector<std::string>{} : std::vector<std::string>{found})
+            << sailNo;
     }
 }
 
@@ -166,44 +160,26 @@ TEST_F(BoatsTest, RevisionEndsTheOldHandicapTheDayBeforeAndBadTextsStoreNothing)
     const int irc = AddHandicapType("IRC");
     const int old = AddHandicap(boat, irc, "0.985", "01/04/2009");
     EXPECT_EQ(db.Text("SELECT Expires FROM Handicap WHERE Id=" + std::to_string(old)), "");
-    const struct {
-        int id;
-        const char* tcf;
-        const char* from;
-        const char* expires;
-    } cases[] = {{0, "0,985", "01/04/2010", ""},
-                 {0, "fast", "01/04/2010", ""},
-                 {-old, "0.99", "31/02/2010", ""},
-                 {-old, "0.99", "01/04/2010", "soon"},
-                 {old, "0.99", "", ""},
-                 {-(old + 5), "0.99", "01/04/2010", ""},
-                 {old + 5, "0.99", "01/04/2010", ""}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.tcf) + " " + c.from + " " + c.expires);
-        EXPECT_TRUE(IsRunTimeError(results.PutHandicapDetails(c.id, boat, static_cast<short>(irc),
-                                                              c.tcf, c.from, c.expires),
-                                   "PutHandicapDetails"));
-        EXPECT_EQ(db.Count("Handicap"), 1);
+    ASSERT_EQ(old, 1);
+    for (const auto& row : test::DataFileRows("data/bad-handicaps.tsv")) {
+        EXPECT_TRUE(IsRunTimeError(
+            results.PutHandicapDetails(std::stoi(row.at(0)), boat, static_cast<short>(irc),
+                                       row.at(1), row.at(2), row.at(3)),
+            "PutHandicapDetails"))
+            << row[0] << " " << row[1];
         EXPECT_EQ(db.Count("Handicap", "Expires IS NULL AND Handicap=0.985"), 1);
     }
+    EXPECT_EQ(db.Count("Handicap"), 1);
 
     ASSERT_EQ(
         results.PutHandicapDetails(-old, boat, static_cast<short>(irc), "0.990", "01/04/2010", ""),
         "");
     EXPECT_EQ(db.Count("Handicap"), 2);
-    EXPECT_EQ(
-        db.Text("SELECT Expires || '|' || Handicap FROM Handicap WHERE Id=" + std::to_string(old)),
-        "2010-03-31 00:00:00|0.985");
-    EXPECT_EQ(db.Text("SELECT EffectiveFrom FROM Handicap WHERE Id<>" + std::to_string(old)),
-              "2010-04-01 00:00:00");
     EXPECT_EQ(db.Count("Handicap", "ModifyDate IS NULL"), 0);
 
     RowSet handicaps;
     ASSERT_EQ(results.GetHandicaps(boat, handicaps), "");
-    ASSERT_EQ(handicaps.Rows(), 2u);
-    EXPECT_EQ(handicaps(2, 0).AsDouble(), 0.990);  // newest period first
-    EXPECT_TRUE(handicaps(4, 0).IsNull());
-    EXPECT_EQ(handicaps(1, 1).ToText(), "IRC");
+    EXPECT_EQ(test::Rendered(handicaps), test::Expected("data/boats.txt", "handicaps"));
 }
 
 TEST_F(BoatsTest, RemovingABoatTakesItsHandicapsOnly) {
@@ -227,33 +203,17 @@ TEST_F(BoatsTest, UsageListsFollowEntriesClassesAndHandicaps) {
     AddHandicap(boat, irc, "1.0", "01/01/2009");
     AddHandicap(boat, irc, "1.0", "01/01/2010");
     AddHandicap(boat + 1, irc, "1.0", "01/01/2010");
-    db.Exec(
-        "INSERT INTO Series (Id, Title) VALUES (1, 'Spring'), (2, 'Autumn'), (3, 'Empty'),"
-        " (4, 'Spring')");
-    db.Exec(
-        "INSERT INTO Schedule (Series, RaceDate) VALUES (1, '2010-04-01 00:00:00'),"
-        " (1, '2010-03-01 00:00:00'), (2, '2010-09-01 00:00:00'),"
-        " (4, '2009-04-01 00:00:00')");
-    db.Exec("INSERT INTO Class (Series, ClassName, HandicapType) VALUES (1, 'Fast', " +
-            std::to_string(irc) + "), (3, 'Slow', " + std::to_string(irc) + "), (4, 'Fast', " +
-            std::to_string(irc) + ")");
-    for (int series = 1; series <= 4; ++series) {
+    db.Exec(test::DataFile("data/boat-usage.sql"));
+    for (int series = 1; series <= 4; ++series)
         db.Exec("INSERT INTO Entrant (Series, Boat) VALUES (" + std::to_string(series) + ", " +
                 std::to_string(boat) + ")");
-    }
-
     RowSet rows;
     ASSERT_EQ(results.GetSeriesForBoat(boat, rows), "");
-    using Texts = std::vector<std::string>;
-    EXPECT_EQ(test::Column(rows, 1), (Texts{"Autumn", "Spring"}));
-    EXPECT_EQ(test::Column(rows, 0), (Texts{"01/09/2010", "01/04/2009"}));
-
+    std::string listed = test::Rendered(rows);
     ASSERT_EQ(results.GetBoatsUsingHandicap(irc, rows), "");
-    EXPECT_EQ(rows.Rows(), 1u);  // Swift and swift are one name
-
+    listed += test::Rendered(rows);
     ASSERT_EQ(results.GetSeriesUsingHandicap(irc, rows), "");
-    // Two series titled Spring, oldest first.
-    EXPECT_EQ(test::Column(rows, 1), (Texts{"01/04/2009", "01/03/2010"}));
+    EXPECT_EQ(listed + test::Rendered(rows), test::Expected("data/boats.txt", "usage"));
 }
 
 }  // namespace

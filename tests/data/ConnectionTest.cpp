@@ -77,20 +77,14 @@ TEST(ErrorText, KeepsTheOperationsOwnMessage) {
 
 TEST(ShowMessage, ChoosesIconAndTitleByTheKindLetter) {
     RecordingMessages messages;
-    for (const char* Msg :
-         {"", "I-Result saved", "C-Error 5 raised by SQLite in GetYears\rlocked",
-          "E-Please specify a valid date", "X-Please choose a race first", "Q-Unknown kind"})
-        ShowMessage(Msg);
-    EXPECT_EQ(
-        messages.Texts(),
-        (std::vector<std::string>{
-            "I-Result saved", "C-Error 5 raised by SQLite in GetYears\rlocked",
-            "E-Please specify a valid date", "E-Please choose a race first", "E-Unknown kind"}));
-    std::vector<std::string> titles;
-    for (const auto& box : messages.shown)
-        titles.push_back(box.title);
-    EXPECT_EQ(titles,
-              (std::vector<std::string>{"Information", "Error", "Error", "Error", "Error"}));
+    for (const auto& row : test::DataFileRows("data/shown-messages.tsv")) {
+        messages.Clear();
+        ShowMessage(row.at(0));
+        std::string shown;
+        for (std::size_t i = 0; i < messages.shown.size(); ++i)
+            shown += messages.Texts()[i] + "|" + messages.shown[i].title;
+        EXPECT_EQ(shown, row.at(1));
+    }
 }
 
 }  // namespace

@@ -25,10 +25,6 @@ using test::RecordingMessages;
 using test::RunUnprivileged;
 using test::TestDatabase;
 
-bool StartsWith(const std::string& text, const std::string& prefix) {
-    return text.rfind(prefix, 0) == 0;
-}
-
 // Another program holding the file write-locked: a child process that takes the write lock, says
 // so through a pipe and keeps it until it is killed.
 class LockingProcess {
@@ -86,7 +82,7 @@ TEST(Faults, AWriteLockedFileIsWaitedForThenReported) {
     LockingProcess holder(db.path());
     ASSERT_TRUE(holder.locked());
     const std::string Msg = results.PutSetting("Header", "Evening series");
-    EXPECT_TRUE(StartsWith(Msg, "C-Error 5 raised by SQLite in PutSetting\r")) << Msg;
+    EXPECT_TRUE(Msg.starts_with("C-Error 5 raised by SQLite in PutSetting\r")) << Msg;
 
     // Reading is not blocked by another program's write lock.
     EXPECT_EQ(results.GetSetting("Header", value), "");
@@ -111,7 +107,7 @@ TEST(Faults, ADatabaseMissingATableIsRefusedAndLeftAsItWas) {
     const long long settings = db.Count("Settings");
     clResults results;
     const std::string Msg = results.PutSetting("Header", "Evening series");
-    EXPECT_TRUE(StartsWith(Msg, "C-Error 3078 raised by ")) << Msg;
+    EXPECT_TRUE(Msg.starts_with("C-Error 3078 raised by ")) << Msg;
     EXPECT_NE(Msg.find(" in ConnectDb\r"), std::string::npos) << Msg;
     EXPECT_EQ(db.Count("Settings"), settings);
     EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "");
@@ -137,7 +133,7 @@ TEST(Faults, AReadOnlyDataFileGivesAMessageAndStaysAsItWas) {
         return value + "|" + results.PutSetting("Header", "Evening series");
     });
     chmod(db.path().c_str(), 0644);
-    EXPECT_TRUE(StartsWith(Msg, "Club racing|C-Error ") || StartsWith(Msg, "C-Error ")) << Msg;
+    EXPECT_TRUE(Msg.starts_with("Club racing|C-Error ") || Msg.starts_with("C-Error ")) << Msg;
     EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "Club racing");
 }
 

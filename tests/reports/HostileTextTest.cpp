@@ -3,12 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <libxml/parser.h>
-
 #include <chrono>
 #include <filesystem>
 #include <map>
-#include <set>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -42,55 +40,13 @@ std::string LongText() {
 }
 const std::string kLong = LongText();
 
-// The text as an XML attribute gives it back: each tab and line break a blank, CR LF one blank.
-std::string AsAttribute(std::string text) {
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text.compare(i, 2, "\r\n") == 0)
-            continue;
-        out += text[i] == '\t' || text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
-    }
-    return out;
-}
-
-// The text as a browser writes out the text of an element.
+// The text as a browser writes out the text of an element: each tab and line break a blank (CR LF
+// one), the markup characters in escape.
 std::string AsPageText(const std::string& text) {
-    std::string out;
-    for (char c : AsAttribute(text)) {
-        if (c == '&')
-            out += "&amp;";
-        else if (c == '<')
-            out += "&lt;";
-        else if (c == '>')
-            out += "&gt;";
-        else
-            out += c;
-    }
+    std::string out = std::regex_replace(text, std::regex("\r\n|[\t\r\n]"), " ");
+    for (const auto& [c, escape] : {std::pair{"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}})
+        out = std::regex_replace(out, std::regex(c), escape);
     return out;
-}
-
-// Every attribute value of the document; empty when it does not parse.
-std::set<std::string> AttributeValues(const std::string& xml) {
-    std::set<std::string> values;
-    xmlDocPtr doc = xmlReadMemory(xml.data(), static_cast<int>(xml.size()), "report.xml", nullptr,
-                                  XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
-    if (doc == nullptr)
-        return values;
-    std::vector<xmlNode*> pending = {xmlDocGetRootElement(doc)};
-    while (!pending.empty()) {
-        xmlNode* node = pending.back();
-        pending.pop_back();
-        for (xmlAttr* a = node->properties; a != nullptr; a = a->next) {
-            xmlChar* value = xmlNodeGetContent(a->children);
-            values.insert(value ? reinterpret_cast<const char*>(value) : "");
-            xmlFree(value);
-        }
-        for (xmlNode* child = node->children; child != nullptr; child = child->next)
-            if (child->type == XML_ELEMENT_NODE)
-                pending.push_back(child);
-    }
-    xmlFreeDoc(doc);
-    return values;
 }
 
 class HostileText : public ::testing::Test {
@@ -166,14 +122,7 @@ TEST_F(HostileText, IsStoredAsTypedAndEveryReportShowsIt) {
         EXPECT_EQ(db.Text(row.at(0)), typed) << row.at(0);
     }
 
-    std::string xmlPath;
     ASSERT_EQ(results.ReadReportMenu(ProgramFolder() + "/Tallyboard.ini"), "");
-    ASSERT_EQ(results.CreateReport(5, 4, 0, race, xmlPath), "");
-    const std::set<std::string> attributes = AttributeValues(test::ReadFile(xmlPath));
-    ASSERT_FALSE(attributes.empty()) << "the report's XML does not parse";
-    for (const std::string& typed : {kMarks, kLong, kBreaks, kMarks + kLetters, kLetters})
-        EXPECT_TRUE(attributes.contains(AsAttribute(typed))) << typed;
-
     test::TempFolder profile;
     const std::string helm = kLetters + " " + kMarks;
     for (int kind = 0; kind < 6; ++kind) {

@@ -48,30 +48,49 @@ constexpr const char* kProgPathSheet = R"(<?xml version="1.0"?>
 
 using ReportFilesTest = ReportFixture;
 
-TEST_F(ReportFilesTest, ReportsAreNamedByRaceDateStartSelectionAndKind) {
+TEST_F(ReportFilesTest, ReportsAreNamedByRaceDateStartSelectionAndKindAndRefusalsWriteNone) {
     WriteFile(reports() + "plain.xsl", kProgPathSheet);
-    const std::string elsewhere = folder.path() + "/latest.xml";
-    struct Case {
-        char letter;
-        std::string action;
-        std::string path;
+    WriteFile(reports() + "broken.xsl",
+              "<xsl:stylesheet version=\"1.0\" "
+              "xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\">\n"
+              "<xsl:template match=\"/\"><p></xsl:template>\n</xsl:stylesheet>\n");
+    WriteFile(reports() + "page.xsl", "<html><body/></html>\n");
+    const int race3 = season.AddRace("Race 3", "2024-06-29");
+    db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Winter', 1, 1)");
+    const int classless = db.Insert(
+        "INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (2, 'Frostbite', "
+        "'2024-12-01 00:00:00')");
+    auto filled = [&](std::string text) {
+        for (const auto& [mark, path] :
+             {std::pair<std::string, std::string>{"{year}", yearFolder()},
+              {"{reports}", reports()},
+              {"{folder}", folder.path()}})
+            for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark))
+                text.replace(at, mark.size(), path);
+        return text;
     };
-    const Case cases[] = {
-        {'R', "x=,,,0,1", yearFolder() + "0622_1000_0R.xml"},
-        {'E', "x=,,,2,1", yearFolder() + "0622__2E.xml"},
-        {'C', "x=plain.xsl,,,1,1", yearFolder() + "0622__1C.htm"},
-        {'S', "x=plain.xsl,,,1,1", yearFolder() + "0622_1000_1S.htm"},
-        {'B', "x=,,club.xml,2,1", yearFolder() + "club.xml"},
-        {'R', "x=,," + elsewhere + ",0,1", elsewhere},
-    };
-    for (const Case& c : cases) {
+    for (const auto& row : test::DataFileRows("reports/report-files.tsv")) {
         fs::remove_all(yearFolder());
-        UseMenu(MenuOf(c.action));
+        UseMenu(MenuOf(filled(row.at(2))));
+        const int kind = static_cast<int>(std::string(kReportLetters).find(row.at(1).at(0)));
+        const bool named = row.at(0) == "named";
+        const int race = named || row.at(3) == "2" ? race2 : row[3] == "3" ? race3 : classless;
         std::string path;
-        EXPECT_EQ(Make(c.letter, path), "") << c.action;
-        EXPECT_EQ(path, c.path);
-        EXPECT_TRUE(fs::is_regular_file(c.path)) << c.path;
-        EXPECT_TRUE(fs::is_directory(yearFolder())) << "the year folder is made in every case";
+        EXPECT_EQ(results.CreateReport(kind, 0, 1, race, path), named ? "" : filled(row.back()))
+            << row.at(2);
+        if (named) {
+            EXPECT_EQ(path, filled(row.at(3)));
+            EXPECT_TRUE(fs::is_regular_file(path)) << path;
+            EXPECT_TRUE(fs::is_directory(yearFolder())) << "the year folder is made in every case";
+        } else {
+            EXPECT_FALSE(fs::exists(yearFolder()) && FilesIn(yearFolder()) > 0) << row.at(2);
+        }
+    }
+    // A kind or an action outside the menu.
+    std::string path;
+    for (const auto& [kind, action] : {std::pair{6, 0}, std::pair{3, 1}}) {
+        EXPECT_EQ(results.CreateReport(kind, action, 1, race2, path),
+                  "C-Error 9 raised by Tallyboard in CreateReport\rSubscript out of range");
     }
 }
 
@@ -85,53 +104,6 @@ TEST_F(ReportFilesTest, MakingAReportAgainOverwritesItsFile) {
     EXPECT_EQ(first, second);
     EXPECT_EQ(FilesIn(yearFolder()), 1);
     EXPECT_TRUE(ReadFile(second).starts_with("<?xml version=\"1.0\" ?>\r\n<RaceResults "));
-}
-
-TEST_F(ReportFilesTest, RefusalsLeaveNoReportFile) {
-    WriteFile(reports() + "broken.xsl",
-              "<xsl:stylesheet version=\"1.0\" "
-              "xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\">\n"
-              "<xsl:template match=\"/\"><p></xsl:template>\n</xsl:stylesheet>\n");
-    WriteFile(reports() + "page.xsl", "<html><body/></html>\n");
-    const int race3 = season.AddRace("Race 3", "2024-06-29");
-    db.Exec("INSERT INTO Series (Id, Title, Scoring, Discards) VALUES (2, 'Winter', 1, 1)");
-    const int classless = db.Insert(
-        "INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (2, 'Frostbite', "
-        "'2024-12-01 00:00:00')");
-
-    struct Case {
-        std::string action;
-        char letter;
-        int race;
-        std::string message;
-    };
-    const Case cases[] = {
-        {"x=nope.xsl,,,0,1", 'R', race2, "E-File " + reports() + "nope.xsl was not found"},
-        {"x=broken.xsl,,,0,1", 'E', race2,
-         "E-Opening and ending tag mismatch: p line 2 and xsl:template\n"
-         "<xsl:template match=\"/\"><p></xsl:template>"},
-        {"x=page.xsl,,,0,1", 'R', race2,
-         "E-compilation error: file " + reports() +
-             "page.xsl line 1 element html\n"
-             "xsltParseStylesheetProcess : document is not a stylesheet\n"},
-        {"x=,,,0,1", 'E', race3, "I-No entrants were found for this race"},
-        {"x=,,,0,1", 'A', classless, "I-No schedule or class was found for this race"},
-        {"x=,,,0,1", 'R', race3, "I-No results were found for race"},
-    };
-    for (const Case& c : cases) {
-        fs::remove_all(yearFolder());
-        UseMenu(MenuOf(c.action));
-        const int kind = static_cast<int>(std::string(kReportLetters).find(c.letter));
-        std::string path;
-        EXPECT_EQ(results.CreateReport(kind, 0, 1, c.race, path), c.message) << c.action;
-        EXPECT_FALSE(fs::exists(yearFolder()) && FilesIn(yearFolder()) > 0) << c.action;
-    }
-    // A kind or an action outside the menu.
-    std::string path;
-    for (const auto& [kind, action] : {std::pair{6, 0}, std::pair{3, 1}}) {
-        EXPECT_EQ(results.CreateReport(kind, action, 1, race2, path),
-                  "C-Error 9 raised by Tallyboard in CreateReport\rSubscript out of range");
-    }
 }
 
 // A footnote is kept as markup only when it is well-formed; any other is written as text, and a
@@ -258,26 +230,13 @@ TEST_F(OutputObjectTest, ReceivesTheFileNameTheHtmlAndTheXml) {
 TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
     const std::string program = folder.path() + "/program";
     fs::create_directories(program + "/OutputObjects");
-    WriteScript(program + "/OutputObjects/publish", "touch \"$0.called\"");
-    WriteScript(program + "/OutputObjects/refuse", "exit 3");
-    WriteScript(
-        program + "/OutputObjects/complain",
-        "echo 'Looking for WeasyPrint' >&2; echo 'WeasyPrint is not installed' >&2; exit 1");
     SetProgramFolder(program);
-    struct Case {
-        std::string object;
-        std::string message;
-    };
-    const Case cases[] = {
-        {"publish", ""},
-        {"refuse", "E-Output object refuse process failed"},
-        {"complain", "E-Output object complain process failed: WeasyPrint is not installed"},
-        {"no-such-publisher", "E-Failed to create output object no-such-publisher"},
-    };
-    for (const Case& c : cases) {
-        UseMenu(MenuOf("x=plain.xsl," + c.object + ",,0,1"));
+    for (const auto& row : test::DataFileRows("reports/output-objects.tsv")) {
+        if (!row.at(1).empty())
+            WriteScript(program + "/OutputObjects/" + row[0], row[1]);
+        UseMenu(MenuOf("x=plain.xsl," + row[0] + ",,0,1"));
         std::string path;
-        EXPECT_EQ(Make('S', path), c.message);
+        EXPECT_EQ(Make('S', path), row.at(2));
     }
     EXPECT_TRUE(fs::exists(program + "/OutputObjects/publish.called"));
 }

@@ -104,54 +104,16 @@ TEST_F(ReportXmlTest, ABoatNumberedZeroKeepsItsSeriesStanding) {
 }
 
 TEST(ReportXmlRules, AttributeValuesReplaceTheFourMarkupCharactersAndDropWhatXmlCannotHold) {
-    struct Case {
-        Value value;
-        const char* written;
-    };
-    const Case cases[] = {
-        {Value("Fish & Chips"), R"("Fish &#38; Chips")"},
-        {Value(R"(The "Boat")"), R"("The &#34;Boat&#34;")"},
-        {Value("<b>x</b>"), R"("&#60;b&#62;x&#60;/b&#62;")"},
-        {Value("O'Hara & Söhne"), R"("O'Hara &#38; Söhne")"},
-        {Value(), R"("")"},
-        {Value(4080.0), R"("4080")"},
-        {Value(0.985), R"("0.985")"},
-        {Value(MakeDateTime(2024, 6, 15)), R"("15/06/2024")"},
-        {Value(MakeDateTime(2024, 6, 15, 14, 5, 9)), R"("15/06/2024 14:05:09")"},
-        {Value("Tab\tand\r\nbreak"), "\"Tab\tand\r\nbreak\""},
-        {Value(std::string("Bell\x07, nul\0 and escape\x1B", 23)), R"("Bell, nul and escape")"},
-        {Value("Not\xEF\xBF\xBE a\xEF\xBF\xBF letter \xEF\xBF\xBD"),
-         "\"Not a letter \xEF\xBF\xBD\""},
-        // Bytes that are not UTF-8 read as U+FFFD, one for each; the letters around them stay.
-        {Value("Gull\xFF & Caf\xE9"), "\"Gull\xEF\xBF\xBD &#38; Caf\xEF\xBF\xBD\""},
-        {Value("\xC0\xAF\xED\xA0\x80\xF4\x90\x80\x80"),
-         "\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
-         "\xEF\xBF\xBD\xEF\xBF\xBD\""},
-        {Value("\xE2\x82\xAC \xF0\x9F\x8C\x8A \xE2\x82 \xF4\x8F\xBF\xBF"),
-         "\"\xE2\x82\xAC \xF0\x9F\x8C\x8A \xEF\xBF\xBD\xEF\xBF\xBD \xF4\x8F\xBF\xBF\""},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(AttributeValue(c.value), c.written) << c.written;
+    for (const auto& row : test::DataFileRows("reports/attribute-values.tsv"))
+        EXPECT_EQ(AttributeValue(test::ValueOf(row.at(0))), row.at(1)) << row.at(1);
 }
 
 TEST(ReportXmlRules, PenaltyNotes) {
-    struct Case {
-        std::vector<std::pair<Value, const char*>> penalties;
-        const char* note;
-    };
-    const Case cases[] = {
-        {{{Value(10.0), "min"}, {Value(20.0), "%"}}, "+10min +20%"},
-        {{{Value(5.0), "min"}}, "+5min"},
-        {{{Value(2.5), "pl"}}, "+2.5pl"},
-        {{{Value(1.25), "%"}}, "+1.25%"},
-        {{{Value(0.0), "min"}, {Value(), "%"}, {Value(3.0), "pl"}}, "+3pl"},
-        {{{Value(-2.0), "pl"}}, " -2pl"},
-    };
-    for (const Case& c : cases) {
+    for (const auto& row : test::DataFileRows("reports/penalty-notes.tsv")) {
         std::string note;
-        for (const auto& [value, unit] : c.penalties)
-            AppendPenaltyNote(value, unit, note);
-        EXPECT_EQ(note, c.note);
+        for (std::size_t i = 0; i + 1 < row.size(); i += 2)
+            AppendPenaltyNote(test::ValueOf(row[i]), row[i + 1], note);
+        EXPECT_EQ(note, row.back());
     }
 }
 

@@ -71,72 +71,28 @@ TEST_F(ResultRecordingTest, TextsThatAreNotAFinishOrANumberStoreNothing) {
     EXPECT_FALSE(db.Stamped());
 }
 
-TEST_F(ResultRecordingTest, GetResultGivesSevenColumnsEmptyWhenThereIsNoResult) {
-    RowSet row;
-    ASSERT_EQ(results.GetResult(10, 2, row), "");
-    EXPECT_EQ(row, RowSet(7, 1));
-
+TEST_F(ResultRecordingTest, ReadsBackAResultTheStatusesAndTheRacesBoats) {
+    RowSet rows;
+    ASSERT_EQ(results.GetResult(10, 2, rows), "");
+    EXPECT_EQ(rows, RowSet(7, 1)) << "seven empty cells when there is no result";
     ASSERT_EQ(results.PutResult(10, 2, "143512", "13 Jun 2005", 9, "", "5", "", "Late"), "");
-    ASSERT_EQ(results.GetResult(10, 2, row), "");
-    ASSERT_EQ(row.Columns(), 7u);
-    ASSERT_EQ(row.Rows(), 1u);
-    EXPECT_FALSE(row(0, 0).IsNull());
-    EXPECT_EQ(row(1, 0), Value(MakeDateTime(2005, 6, 13, 14, 35, 12)));
-    EXPECT_EQ(row(2, 0), Value(9));
-    EXPECT_EQ(ToText(row(3, 0)) + "|" + ToText(row(4, 0)) + "|" + ToText(row(5, 0)), "0|5|0");
-    EXPECT_EQ(row(6, 0), Value("Late"));
-}
-
-TEST_F(ResultRecordingTest, StatusesComeInCodeOrder) {
+    ASSERT_EQ(results.GetResult(10, 2, rows), "");
+    std::string read = test::Rendered(rows);
     db.Exec("INSERT INTO Status (Id, Code, Description) VALUES (10, 'AAA', 'First by code')");
-    RowSet rows;
     ASSERT_EQ(results.GetStatus(rows), "");
-    ASSERT_EQ(rows.Columns(), 3u);
-    ASSERT_EQ(rows.Rows(), 10u);
-    EXPECT_EQ(rows(0, 0), Value(10));
-    for (std::size_t r = 1; r < rows.Rows(); ++r)
-        EXPECT_LT(rows(1, r - 1).ToText(), rows(1, r).ToText());
-}
-
-TEST_F(ResultRecordingTest, FindsTheRacesBoatsBySailNumberFullSailNumberOrName) {
-    struct Case {
-        const char* search;
-        std::vector<long long> entrants;
-    };
-    const std::vector<Case> cases{
-        {"1234", {2, 1}},     // both boats with sail number 1234, by name
-        {"0077", {3}},        // digits are a number
-        {"GBR 1234", {1}},    // the full sail number exactly
-        {"gbr 1234", {1}},    // without regard to case
-        {"GBR 123", {}},      // not the start of a full sail number
-        {"Blue", {1, 6, 3}},  // names that begin with the text; Bluewater is not in the race
-        {"blue", {1, 6, 3}},
-        {"Blue_", {6}},  // an underscore is a character, not a wildcard
-        {"Moon", {}},
-        {"O'Neil", {5}},
-        {"11", {}},  // Bluewater is not on the race's entry list
-        {"", {}},    // without a message
-    };
-    for (const Case& c : cases) {
-        RowSet rows;
-        rows.AddRow({1, 2});
-        ASSERT_EQ(results.GetBoatInRace(10, c.search, rows), "") << c.search;
-        if (c.entrants.empty()) {
-            EXPECT_EQ(rows, RowSet(1, 1)) << c.search;
-            continue;
-        }
-        ASSERT_EQ(rows.Columns(), 4u) << c.search;
-        std::vector<long long> found;
-        for (std::size_t r = 0; r < rows.Rows(); ++r)
-            found.push_back(rows(0, r).AsInt());
-        EXPECT_EQ(found, c.entrants) << c.search;
-    }
-
-    RowSet rows;
+    read += test::Rendered(rows);
     ASSERT_EQ(results.GetBoatInRace(10, "GBR 1234", rows), "");
-    EXPECT_EQ(rows(1, 0), Value("Blue Moon"));
-    EXPECT_EQ(rows(2, 0), Value("GBR 1234"));
-    EXPECT_EQ(rows(3, 0), Value("Class 1"));
+    EXPECT_EQ(read + test::Rendered(rows), test::Expected("scoring/result-recording.txt", "read"));
+
+    // The entrants found by sail number, full sail number or the start of the name.
+    for (const auto& row : test::DataFileRows("scoring/boats-in-race.tsv")) {
+        rows = RowSet(2, 1);
+        ASSERT_EQ(results.GetBoatInRace(10, row.at(0), rows), "") << row[0];
+        std::string found = std::to_string(rows.Columns()) + ":";
+        for (const std::string& entrant : test::Column(rows, 0))
+            found += (found.ends_with(":") ? "" : ",") + entrant;
+        EXPECT_EQ(found, row.at(1)) << row[0];
+    }
 }
 
 TEST_F(ResultRecordingTest, FailuresNameTheOperation) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "data/Conversions.h"
 #include "data/clResults.h"
 #include "scoring/SeasonBuilder.h"
 #include "support/Checks.h"
@@ -31,13 +34,6 @@ protected:
         return Msg.empty() ? results.ComputePoints(raceId, 2) : Msg;
     }
 
-    double Points(std::size_t i) { return season.Points(raceId, entrant[i]); }
-    std::vector<double> AllPoints() {
-        std::vector<double> points;
-        for (std::size_t i = 0; i < entrant.size(); ++i)
-            points.push_back(Points(i));
-        return points;
-    }
     // Finishes the first boats in turn, each the given seconds after the start.
     void Finishes(const std::vector<int>& seconds) {
         for (std::size_t i = 0; i < seconds.size(); ++i)
@@ -52,60 +48,43 @@ protected:
     std::vector<int> entrant;
 };
 
-TEST_F(ScoringRulesTest, ATieBefore2006TakesTheBestPlace) {
-    OneRace("2005-06-12", 4);
-    Finishes({3500, 3600, 3600, 3700});
-    ASSERT_EQ(Score(), "");
-    EXPECT_EQ(AllPoints(), std::vector<double>({1, 2, 2, 4}));
-}
-
-TEST_F(ScoringRulesTest, TiesFrom2006ShareThePointsOfThePlacesTheyTake) {
-    OneRace("2006-01-01", 5);
-    Finishes({3600, 3600, 3600});
-    season.Finish(raceId, entrant[3], 3700, "PenaltyPoints=-1");  // redress does not reach the tie
-    season.Finish(raceId, entrant[4], 3700);
-    ASSERT_EQ(Score(), "");
-    // Three tie for first: (1 + 2 + 3) / 3. The pair for fourth: one with a place of redress
-    // scores the first tied place less one (3rd), the other keeps the group's mean of the
-    // places both take: (4 + 5) / 2.
-    EXPECT_EQ(AllPoints(), std::vector<double>({2, 2, 2, 3, 4.5}));
-}
-
-TEST_F(ScoringRulesTest, PlacesBeyondTheTableScoreOneMoreEach) {
-    OneRace("2010-06-12", 10);
-    for (int i = 0; i < 10; ++i)
-        season.Finish(raceId, entrant[i], 3600 + 10 * i);
-    ASSERT_EQ(Score(), "");
-    EXPECT_DOUBLE_EQ(Points(9), 10);
-    // With 7th place worth 8, 10th is worth 11.
-    season.Exec("UPDATE Points SET Value=8 WHERE Scoring=1 AND Place=7");
-    ASSERT_EQ(Score(), "");
-    EXPECT_DOUBLE_EQ(Points(6), 8);
-    EXPECT_DOUBLE_EQ(Points(9), 11);
-}
-
-TEST_F(ScoringRulesTest, StatusPointsCountStartersOrEntrantsWithAFloor) {
-    OneRace("2010-06-12", 8);
-    Finishes({3600, 3601, 3602, 3603, 3604, 3605});
-    season.Status(raceId, entrant[6], 4);  // DNF
-    // DNF group: starters + 1. Seven starters (the DNF started; the eighth boat has no result).
-    season.Exec("UPDATE Points SET Base=1, Value=1, MinValue=0 WHERE Scoring=1 AND Status=4");
-    ASSERT_EQ(Score(), "");
-    EXPECT_DOUBLE_EQ(Points(6), 8);
-    // The boat without a result was given did-not-compete: 8 entrants + 1.
-    EXPECT_DOUBLE_EQ(Points(7), 9);
-    season.Exec("UPDATE Points SET Value=-10, MinValue=5 WHERE Scoring=1 AND Status=4");
-    ASSERT_EQ(Score(), "");
-    EXPECT_DOUBLE_EQ(Points(6), 5);
-}
-
-TEST_F(ScoringRulesTest, FinishersWithoutATimeRankAfterTimedFinishers) {
-    OneRace("2010-06-12", 3);
-    season.Finish(raceId, entrant[0], 3700);
-    season.Status(raceId, entrant[1], 9);
-    season.Finish(raceId, entrant[2], 3600);
-    ASSERT_EQ(Score(), "");
-    EXPECT_EQ(AllPoints(), std::vector<double>({2, 3, 1}));
+// Each row of the data file on a database of its own.
+TEST(ScoringRules, PointsOfEachRuleOnTheSmallestRaceThatShowsIt) {
+    for (const auto& row : test::DataFileRows("scoring/rules.tsv")) {
+        test::TestDatabase db;
+        SeasonBuilder season{db};
+        clResults results;
+        const int classA = season.AddClass("A");
+        std::vector<std::string> boats;
+        std::istringstream words(row.at(2));
+        for (std::string word; words >> word;)
+            boats.push_back(word);
+        std::vector<int> entrants;
+        for (std::size_t i = 0; i < boats.size(); ++i)
+            entrants.push_back(season.AddEntrant("Boat " + std::to_string(i), classA));
+        const int race = season.AddRace("Race", row.at(1));
+        season.EnterAll(race);
+        season.Start(race, classA);
+        std::string points;
+        for (std::size_t i = 0; i < boats.size(); ++i) {
+            const std::string& boat = boats[i];
+            if (boat.starts_with('u'))
+                db.Exec("DELETE FROM EntryList WHERE Entrant=" + std::to_string(entrants[i]));
+            if (boat.starts_with('s'))
+                season.Status(race, entrants[i], std::stoi(boat.substr(1)));
+            else if (boat != "-")
+                season.Finish(race, entrants[i], std::stoi(boat.substr(boat.starts_with('u'))),
+                              boat.ends_with('r') ? "PenaltyPoints=-1" : "");
+        }
+        if (!row.at(3).empty())
+            db.Exec(row[3]);
+        RowSet problems;
+        ASSERT_EQ(results.ComputeResultTimes(race, problems), "") << row[0];
+        ASSERT_EQ(results.ComputePoints(race, 2), "") << row[0];
+        for (const int entrant : entrants)
+            points += (points.empty() ? "" : " ") + NumberToText(season.Points(race, entrant));
+        EXPECT_EQ(points, row.at(4)) << row[0];
+    }
 }
 
 TEST_F(ScoringRulesTest, HandicapsChosenAndProblemsListed) {
@@ -144,19 +123,6 @@ TEST_F(ScoringRulesTest, LaterRacesBringDidNotCompeteResultsForEveryEarlierRace)
     EXPECT_EQ(db.Count("Results"), 6);
 }
 
-TEST_F(ScoringRulesTest, OnlyBoatsOnTheEntryListAreRankedAndCounted) {
-    OneRace("2010-06-12", 3);
-    // Recorded as finishing first, but not on this race's entry list.
-    const int unlisted = season.AddEntrant("Unlisted", classA);
-    entrant.push_back(unlisted);
-    season.Finish(raceId, unlisted, 3500);
-    Finishes({3600, 3700});
-    ASSERT_EQ(Score(), "");
-    // Did not compete, among three entrants: 3 + 1, for the boat without a result and for the
-    // boat that was not entered alike.
-    EXPECT_EQ(AllPoints(), std::vector<double>({1, 2, 4, 4}));
-}
-
 TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
     OneRace("2010-06-12", 2);
     season.Exec("UPDATE Start SET StartTime=NULL");
@@ -166,23 +132,6 @@ TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
                       "WHERE Entrant=" +
                       std::to_string(entrant[0])),
               "0.0/0.0/0.0");
-}
-
-TEST_F(ScoringRulesTest, RaceResultsShareEqualPointsAndShowTheHelm) {
-    OneRace("2010-06-12", 4);
-    Finishes({3600, 3700, 3700});
-    season.Finish(raceId, entrant[3], 3725, "Notes='Me & You'");
-    season.Exec("UPDATE Entrant SET NameOnResults='O''Neil crew' WHERE Id=" +
-                std::to_string(entrant[1]));
-    ASSERT_EQ(Score(), "");
-    RowSet classes, boats;
-    ASSERT_EQ(results.GetRaceResults(raceId, 2, classes, boats), "");
-    EXPECT_EQ(test::Column(boats, 11), std::vector<std::string>({"1", "2", "2", "4"}));
-    EXPECT_EQ(boats(4, 0).ToText(), "Helm No1");
-    EXPECT_EQ(boats(4, 1).ToText(), "O'Neil crew");
-    EXPECT_EQ(boats(8, 3).ToText(), "1:02:05");
-    EXPECT_EQ(boats(12, 3).ToText(), "Me & You");
-    EXPECT_TRUE(boats(6, 0).IsDate());
 }
 
 TEST_F(ScoringRulesTest, MessagesWhenThereIsNothingToReport) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -45,34 +46,20 @@ protected:
 };
 
 TEST_F(EntriesTest, TheRaceListBecomesExactlyThePositiveIdsGiven) {
-    struct Case {
-        const char* name;
-        std::vector<int> before;  // indexes into races
-        std::vector<int> given;   // indexes into races, -1 for a 0 element
-        std::vector<int> after;
+    // The race Ids of numbers 1-4 in the text, 0 for 0.
+    auto racesOf = [&](const std::string& text) {
+        std::vector<int> ids;
+        std::istringstream numbers(text);
+        for (int n; numbers >> n;)
+            ids.push_back(n == 0 ? 0 : races.at(n - 1));
+        return ids;
     };
-    const std::vector<Case> cases = {
-        {"keeps one, drops one, adds one", {0, 1}, {0, 2}, {0, 2}},
-        {"an empty list removes every race", {0, 1, 2}, {}, {}},
-        {"zeros are ignored", {0, 1}, {-1, -1}, {}},
-        {"a race given twice is entered once", {}, {3, 3}, {3}},
-        {"the same list changes nothing", {0, 1, 2, 3}, {3, 2, 1, 0}, {0, 1, 2, 3}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& row : test::DataFileRows("series/race-lists.tsv")) {
         db.Exec("DELETE FROM EntryList");
-        std::vector<int> before;
-        for (int i : c.before)
-            before.push_back(races[i]);
-        ASSERT_EQ(Save(before), "");
-        std::vector<int> given;
-        for (int i : c.given)
-            given.push_back(i < 0 ? 0 : races[i]);
-        ASSERT_EQ(Save(given), "");
-        std::set<long long> expected;
-        for (int i : c.after)
-            expected.insert(races[i]);
-        EXPECT_EQ(EnteredRaces(), expected);
+        ASSERT_EQ(Save(racesOf(row.at(0))), "");
+        ASSERT_EQ(Save(racesOf(row.at(1))), "");
+        const auto after = racesOf(row.at(2));
+        EXPECT_EQ(EnteredRaces(), std::set<long long>(after.begin(), after.end())) << row[1];
     }
     EXPECT_EQ(db.Count("Entrant"), 1);
 }
@@ -116,34 +103,23 @@ TEST_F(EntriesTest, DetailsShowTheOwnerAndTodayUntilEnteredThenTheTcfOfEachRace)
     std::string name = "unchanged";
     RowSet raceRows;
     raceRows.AddRow({Value(1), Value("kept")});
-    ASSERT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows), "");
-    EXPECT_EQ(person, owner);
+    // Person, class, entrant type and name, then the TCF of each race.
+    auto details = [&] {
+        EXPECT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows),
+                  "");
+        return std::to_string(person) + " | " + std::to_string(cls) + " | " + std::to_string(type) +
+               " | " + name + "\n" + test::Rendered(raceRows);
+    };
+    const std::string before = details();
     EXPECT_EQ(date, FormatDate(Today(), "dd/mm/yy"));
-    EXPECT_EQ(std::to_string(cls) + "|" + std::to_string(type) + "|" + name, "77|2|unchanged");
-    EXPECT_EQ(raceRows(1, 0).ToText(), "kept");
-
     const int club = AddHandicapType("Club");
     AddHandicap(boat, irc, 0.95, "2002-06-10", "2002-06-20");
     AddHandicap(boat, irc, 0.97, "", "2002-06-05");
     AddHandicap(boat, club, 1.2, "");  // another type never counts
     ASSERT_EQ(Save(races, "Kes"), "");
     person = 0;
-    ASSERT_EQ(results.GetEntryDetails(boat, series, person, cls, date, type, name, raceRows), "");
-    EXPECT_EQ(cls, classId);
-    EXPECT_EQ(type, 0);
-    EXPECT_EQ(person, owner);
+    EXPECT_EQ(before + details(), test::Expected("series/entries.txt", "details"));
     EXPECT_EQ(date, "01/06/2002");
-    EXPECT_EQ(name, "Kes");
-    std::set<std::string> tcfs;
-    for (std::size_t r = 0; r < raceRows.Rows(); ++r)
-        tcfs.insert(raceRows(0, r).ToText() + "=" + raceRows(1, r).ToText());
-    const std::set<std::string> expected = {
-        std::to_string(races[0]) + "=0.97",
-        std::to_string(races[1]) + "=0.95",
-        std::to_string(races[2]) + "=0.95",
-        std::to_string(races[3]) + "=  **",
-    };
-    EXPECT_EQ(tcfs, expected);
 }
 
 TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
@@ -158,14 +134,10 @@ TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
         ASSERT_EQ(results.PutEntryDetails(b, series, owner, classId, "01/06/02", 0, "", first), "");
     }
     ASSERT_EQ(results.GetEntries(series, rows), "");
-    EXPECT_EQ(test::Column(rows, 0),
-              (std::vector<std::string>{std::to_string(third), std::to_string(second),
-                                        std::to_string(boat)}));
-    EXPECT_EQ(rows(3, 1).ToText(), "GBR 0");
-
     RowSet forRace;
     ASSERT_EQ(results.GetEntriesForRace(races[0], forRace), "");
-    EXPECT_EQ(forRace.Rows(), 3u);
+    EXPECT_EQ(test::Rendered(rows) + test::Rendered(forRace),
+              test::Expected("series/entries.txt", "lists"));
     ASSERT_EQ(results.GetEntriesForRace(races[1], forRace), "");
     EXPECT_TRUE(forRace.IsEmpty());
 }

@@ -26,10 +26,7 @@ TEST_F(SeriesTest, ANewSeriesGetsItsIdBackSoTheNextSaveUpdatesTheSameRow) {
 
     RowSet rows;
     ASSERT_EQ(results.GetSeriesDetails(id, rows), "");
-    EXPECT_EQ(rows.Columns(), 4u);
-    EXPECT_EQ(rows(0, 0).ToText() + "|" + rows(1, 0).ToText() + "|" + rows(2, 0).ToText() + "|" +
-                  rows(3, 0).ToText(),
-              "O'Neil's Summer Cup||1|1");
+    EXPECT_EQ(test::Rendered(rows), test::Expected("series/series.txt", "details"));
 }
 
 TEST_F(SeriesTest, FailuresAreRunTimeErrorsOfTheOperationAndStoreNothing) {
@@ -60,10 +57,7 @@ TEST_F(SeriesTest, MinimumTcfIsNullWhenBlankAndANumberOtherwise) {
 
     RowSet rows;
     ASSERT_EQ(results.GetClassDetails(2, rows), "");
-    EXPECT_EQ(rows(0, 0).AsInt(), irc);
-    EXPECT_EQ(rows(1, 0).ToText(), "Class 1");
-    EXPECT_DOUBLE_EQ(rows(2, 0).AsDouble(), 1.05);
-
+    EXPECT_EQ(test::Rendered(rows), test::Expected("series/series.txt", "class"));
     ASSERT_EQ(results.PutClassDetails(2, series, "Class 1 - IRC", "", static_cast<short>(irc)), "");
     EXPECT_EQ(db.Count("Class", "MinTCF IS NULL"), 2);
     EXPECT_EQ(db.Text("SELECT ClassName FROM Class WHERE Id=2"), "Class 1 - IRC");
@@ -79,36 +73,16 @@ TEST_F(SeriesTest, ClassSplitsAreListedByNameTypeAndHighestMinimumFirst) {
     const int other = AddSeries("Autumn");
     const int irc = AddHandicapType("IRC");
     const int club = AddHandicapType("Club");
-    struct Split {
-        std::string name;
-        int type;
-        std::string minTcf;
-    };
-    const std::vector<Split> saved = {
-        {"Class 1", irc, "0.950"}, {"Class 1", irc, ""}, {"Class 1", irc, "1.000"},
-        {"Class 1", club, "0.9"},  {"cadets", irc, ""},  {"Zulu's", irc, "1.1"},
-    };
-    for (const Split& split : saved) {
-        ASSERT_EQ(results.PutClassDetails(0, series, split.name, split.minTcf,
-                                          static_cast<short>(split.type)),
+    for (const auto& row : test::DataFileRows("series/class-splits.tsv"))
+        ASSERT_EQ(results.PutClassDetails(0, series, row.at(0), row.at(2),
+                                          static_cast<short>(row.at(1) == "IRC" ? irc : club)),
                   "");
-    }
     ASSERT_EQ(results.PutClassDetails(0, other, "Class 1", "", static_cast<short>(irc)), "");
     // A class whose handicap type is gone is not listed.
     ASSERT_EQ(results.PutClassDetails(0, series, "Orphan", "", 77), "");
-
     RowSet rows;
     ASSERT_EQ(results.GetClassSplits(rows, series), "");
-    const std::vector<std::string> expected = {
-        "cadets/IRC/",      "Class 1/Club/0.9", "Class 1/IRC/1",
-        "Class 1/IRC/0.95", "Class 1/IRC/",     "Zulu's/IRC/1.1",
-    };
-    ASSERT_EQ(rows.Rows(), expected.size());
-    for (std::size_t r = 0; r < rows.Rows(); ++r) {
-        EXPECT_EQ(rows(2, r).ToText() + "/" + rows(1, r).ToText() + "/" + rows(3, r).ToText(),
-                  expected[r])
-            << "row " << r;
-    }
+    EXPECT_EQ(test::Rendered(rows), test::Expected("series/series.txt", "class splits"));
 }
 
 TEST_F(SeriesTest, EntryClassesAreOrderedByNameAndASeriesWithoutClassesSaysSo) {
@@ -125,9 +99,7 @@ TEST_F(SeriesTest, EntryClassesAreOrderedByNameAndASeriesWithoutClassesSaysSo) {
     AddClass(series, "Sportsboats", irc);
     AddClass(series, "Class 1", irc);
     ASSERT_EQ(results.GetEntryClasses(series, rows), "");
-    EXPECT_EQ(test::Column(rows, 1), (std::vector<std::string>{"Class 1", "Sportsboats"}));
-    EXPECT_EQ(rows(2, 0).ToText(), "C");
-    EXPECT_EQ(rows(3, 1).ToText(), "IRC");
+    EXPECT_EQ(test::Rendered(rows), test::Expected("series/series.txt", "entry classes"));
 }
 
 TEST_F(SeriesTest, AClassIsKeptUntilItsEntrantIsGoneAndRemovalsLeaveTheStampAlone) {

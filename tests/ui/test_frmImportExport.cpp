@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -13,6 +14,7 @@ using namespace tb::test;
 namespace {
 
 const QString kCsv = QString(TALLYBOARD_TEST_FIXTURES) + "/csv/";
+const QString kData = QString(TALLYBOARD_TEST_FIXTURES) + "/../data/";
 
 // Tabs from the kind to the file field, types the path and presses Enter.
 void OpenFile(const QString& path) {
@@ -69,6 +71,36 @@ private slots:
                          "columns: \"Colour\""));
         QVERIFY(!c.Get<QPushButton>("cmdImport")->isEnabled());
         QVERIFY(club.messages.shown.empty());
+    }
+
+    // A series file of another scoring program: a fault is a message and nothing is written;
+    // a good file is imported whole and the window lists the same summary as the command line.
+    void importsASeriesFileAndListsWhatItBroughtAcross() {
+        Club club;
+        tb::frmImportExport window(club.results, 0);
+        ShowActive(window);
+        Controls c{&window};
+        for (int down = 0; down < 4; ++down)
+            Key(Qt::Key_Down);
+        QCOMPARE(c.Current("SelKind"), QString("Series from another scoring program (.blw)"));
+        QVERIFY(!c.Get<QPushButton>("cmdExport")->isEnabled());
+
+        OpenFile(kData + "blw/bad-time.blw");
+        QTest::mouseClick(c.Get<QPushButton>("cmdImport"), Qt::LeftButton);
+        QCOMPARE(LastShown(club.messages),
+                 QString("Line 15 (rft): the finish time '10:7x:00' does not read as a time"));
+        QCOMPARE(club.db.Count("Series"), 0);
+
+        Type(c.Get<QLineEdit>("tFile"), kData + "blw/season.blw");
+        Key(Qt::Key_Return);
+        QTest::mouseClick(c.Get<QPushButton>("cmdImport"), Qt::LeftButton);
+        QFile golden(kData + "golden/blw-season.txt");
+        QVERIFY(golden.open(QIODevice::ReadOnly));
+        const QString summary = QString::fromUtf8(golden.readAll()).section("==\n", 0, 0);
+        QCOMPARE(Lines(c.Get<QListWidget>("listProblems")), summary.trimmed().split('\n'));
+        QCOMPARE(c.Label("lInfo"), QString("Imported: Series 1: Harbour Frostbite (classes: 4)"));
+        QCOMPARE(club.db.Count("Series"), 2);
+        QVERIFY(!c.Get<QPushButton>("cmdImport")->isEnabled());
     }
 };
 
