@@ -14,6 +14,9 @@ enum class Engine { SQLite, PostgreSQL };
 // A data file text naming a PostgreSQL database ("postgresql://..." or "postgres://...") rather
 // than a SQLite file.
 bool IsServerAddress(std::string_view dataFile);
+// Whether a PostgreSQL URI carries a password, which Tallyboard never keeps: the server's
+// clients take it from ~/.pgpass, PGPASSWORD or a service file.
+bool HoldsPassword(const std::string& uri);
 
 // One open database, of either engine. The same SQL text runs on both; where an engine needs its
 // own, the caller picks it by engine().

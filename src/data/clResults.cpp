@@ -1,5 +1,7 @@
 #include "data/clResults.h"
 
+#include <filesystem>
+
 #include "app/Globals.h"
 #include "data/Connection.h"
 #include "data/Conversions.h"
@@ -36,6 +38,19 @@ void clResults::CloseConnection() {
     statements_.clear();
     Cn.reset();
     Connected_ = false;
+}
+
+std::string clResults::CheckDataFile(const std::string& DataFile) {
+    if (IsServerAddress(DataFile)) {
+        if (HoldsPassword(DataFile))
+            return "E-The data file " + DataFile +
+                   " holds a password, which is never kept: put it in ~/.pgpass instead";
+        return {};
+    }
+    std::error_code ec;
+    if (!std::filesystem::exists(DataFile, ec))
+        return "E-The data file " + DataFile + " was not found";
+    return {};
 }
 
 std::string clResults::SqlQuote(const std::string& Text) {

@@ -55,6 +55,10 @@ public:
     // nothing: a failure leaves no file behind and nothing written on the server.
     std::string CopyDatabase(const std::string& Target);
 
+    // Checks a data file text before it is kept in the settings: a file that exists, or a
+    // PostgreSQL URI (not looked up here) without a password. Returns a message.
+    static std::string CheckDataFile(const std::string& DataFile);
+
     // Doubles every apostrophe and changes nothing else.
     static std::string SqlQuote(const std::string& Text);
 

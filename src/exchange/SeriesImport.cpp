@@ -1,6 +1,6 @@
 #include <sys/stat.h>
 
-#include <SQLiteCpp/Database.h>
+#include "data/Connection.h"
 
 #include <fstream>
 #include <set>
