@@ -113,9 +113,9 @@ const char* Verdict(bool met) {
 // five times the boats and results, so a cost growing linearly stays near five times.
 void PrintServerTargets(MedianReporter& medians, const Median* season) {
     const Median* server = medians.Find("CreateReport/season_on_server/B");
-    if (server == nullptr) {
+    if (!HaveServer()) {
         std::printf("  (no PostgreSQL server: ./scripts/bench measures one it starts itself)\n");
-    } else if (season != nullptr) {
+    } else if (server != nullptr && season != nullptr) {
         const double ratio = server->real / season->real;
         std::printf(
             "  combined report, season, server %7.1f  ratio to the file %.2f (<= 5, < 500 "
@@ -131,7 +131,7 @@ void PrintServerTargets(MedianReporter& medians, const Median* season) {
         if (club == nullptr || usual == nullptr)
             continue;
         const double ratio = club->real / usual->real;
-        std::printf("  combined report, club season%-8s%6.1f  ratio to season %.2f (<= 5.75): %s\n",
+        std::printf("  combined report, club season%-8s%7.1f  ratio to season %.2f (<= 5.75): %s\n",
                     *suffix != 0 ? ", server" : "", club->real, ratio, Verdict(ratio <= 5.75));
     }
 }

@@ -1,6 +1,7 @@
 // The seasons on a PostgreSQL server: each copied from its file by the command a club uses to
 // move onto its server, so that both engines are measured on the same records.
 
+#include <fcntl.h>
 #include <libpq-fe.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -51,10 +52,15 @@ void Copy(const std::string& from, const std::string& to) {
     std::string source = from;
     std::string target = to;
     char* argv[] = {cli.data(), command.data(), source.data(), target.data(), nullptr};
+    posix_spawn_file_actions_t quiet;
+    posix_spawn_file_actions_init(&quiet);
+    posix_spawn_file_actions_addopen(&quiet, 1, "/dev/null", O_WRONLY, 0);
     pid_t pid = 0;
     int status = 0;
-    if (posix_spawn(&pid, argv[0], nullptr, nullptr, argv, environ) != 0 ||
-        waitpid(pid, &status, 0) < 0 || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+    const int spawned = posix_spawn(&pid, argv[0], &quiet, nullptr, argv, environ);
+    posix_spawn_file_actions_destroy(&quiet);
+    if (spawned != 0 || waitpid(pid, &status, 0) < 0 || !WIFEXITED(status) ||
+        WEXITSTATUS(status) != 0)
         throw std::runtime_error("tallyboard-cli copy " + from + " " + to + " failed");
 }
 

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <tuple>
 
+#include "data/Connection.h"
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/RunTimeFault.h"

@@ -54,15 +54,4 @@ void RemoveAndChooseNeighbour(QComboBox* list, int position) {
     list->setCurrentIndex(position < list->count() ? position : list->count() - 1);
 }
 
-std::string JoinLines(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const auto& line : lines)
-        text += (text.empty() ? "" : "\r\n") + line;
-    return text;
-}
-
-void ShowInformation(const std::string& title, const std::string& text) {
-    Messages().Show({MessageIcon::Information, title, text});
-}
-
 }  // namespace tb

@@ -1,8 +1,8 @@
 #pragma once
 
 // What the editor windows share: text conversions between the core and Qt, the lists that carry
-// a record's Id as item data, the information boxes that list what uses a record, and the trap
-// that turns a run-time error inside a window procedure into its message.
+// a record's Id as item data, and the trap that turns a run-time error inside a window procedure
+// into its message.
 
 #include "data/Messages.h"
 
@@ -12,7 +12,6 @@
 #include <functional>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 namespace tb {
 
@@ -62,9 +61,5 @@ void KeepTypedName(QComboBox* list);
 // Removes the item at a position and chooses the one now there, or the one before it when the
 // last was removed (nothing in an emptied list), without running the selection handling.
 void RemoveAndChooseNeighbour(QComboBox* list, int position);
-
-// The lines of an information box, separated by CR LF.
-std::string JoinLines(const std::vector<std::string>& lines);
-void ShowInformation(const std::string& title, const std::string& text);
 
 }  // namespace tb

@@ -14,6 +14,7 @@
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
+#include "ui/UsageLists.h"
 #include "ui/frmBoatModel.h"
 #include "ui/frmHandicapDetail.h"
 #include "ui/frmPeopleDetail.h"
@@ -32,12 +33,11 @@ int IdOf(const Value& value) {
 
 }  // namespace
 
-frmBoatDetail::frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boatSaved,
-                             QWidget* parent)
+frmBoatDetail::frmBoatDetail(clResults& ResultsDb, int SelectedId, bool ForEntry, QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmBoatDetail>()),
       ResultsDb(ResultsDb),
-      boatSaved(std::move(boatSaved)) {
+      ForEntry(ForEntry) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Boats");
     for (QWidget* list :
@@ -120,7 +120,7 @@ std::string frmBoatDetail::Load(int SelectedId) {
         Msg = ShowPeople(0);
     if (Msg.empty())
         Msg = ListBoats(SelectedId);
-    if (Msg.empty() && SelectedId == -1 && boatSaved)
+    if (Msg.empty() && SelectedId == -1 && ForEntry)
         Msg = AddBoat();
     return Msg;
 }
@@ -247,10 +247,10 @@ std::string frmBoatDetail::ShowBoat() {
         ChooseById(ui->SelModel, 0);
         ChooseById(ui->SelOwner, 0);
     }
-    shownName = name;
-    shownSailNo = sailNo;
-    shownModel = ChosenId(ui->SelModel);
-    shownOwner = ChosenId(ui->SelOwner);
+    ShownName = name;
+    ShownSailNo = sailNo;
+    ShownModel = ChosenId(ui->SelModel);
+    ShownOwner = ChosenId(ui->SelOwner);
     ui->tName->setText(name);
     ui->tSailNo->setText(sailNo);
     UpdateChangeState();
@@ -258,8 +258,8 @@ std::string frmBoatDetail::ShowBoat() {
 }
 
 void frmBoatDetail::UpdateChangeState() {
-    Changed = ui->tName->text() != shownName || ui->tSailNo->text() != shownSailNo ||
-              ChosenId(ui->SelOwner) != shownOwner || ChosenId(ui->SelModel) != shownModel;
+    Changed = ui->tName->text() != ShownName || ui->tSailNo->text() != ShownSailNo ||
+              ChosenId(ui->SelOwner) != ShownOwner || ChosenId(ui->SelModel) != ShownModel;
     ui->cmdOK->setEnabled(Changed);
     for (QPushButton* button : {ui->cmdAddBoat, ui->cmdAddHC, ui->cmdEditHC, ui->cmdReviseHC})
         button->setEnabled(!Changed);
@@ -310,8 +310,7 @@ std::string frmBoatDetail::SaveBoat() {
             Msg = ListBoats(BoatId);
             ui->SelBoat->setFocus();
             ui->lInfo->setText("Boat details saved");
-            if (boatSaved)
-                boatSaved(BoatId);
+            SavedId = BoatId;
         }
         return Msg;
     });
@@ -346,8 +345,8 @@ std::string frmBoatDetail::RemoveBoat() {
     if (!Msg.empty())
         return Msg;
     if (!series.IsEmpty())
-        return "I-Delete is not allowed as " + boat + " is entered in " +
-               std::to_string(series.Rows()) + " series.";
+        return RemovalRefused(boat + " is entered in " + std::to_string(series.Rows()) +
+                              " series.");
     if (!AskYesNo("Permanently delete boat " + boat + "?"))
         return {};
     Msg = ResultsDb.RemoveBoat(BoatId);
@@ -362,10 +361,9 @@ std::string frmBoatDetail::RemoveBoat() {
 
 std::string frmBoatDetail::EditModel(int ModelId) {
     tb::SelectedId = ModelId;
-    frmBoatModel window(
-        ResultsDb, tb::SelectedId, [this](int id) { ShowMessage(ShowModels(id)); }, this);
+    frmBoatModel window(ResultsDb, tb::SelectedId, this);
     window.exec();
-    return {};
+    return window.SavedModelId() == 0 ? std::string() : ShowModels(window.SavedModelId());
 }
 
 std::string frmBoatDetail::RemoveModel() {
@@ -378,8 +376,7 @@ std::string frmBoatDetail::RemoveModel() {
     if (!Msg.empty())
         return Msg;
     if (!boats.IsEmpty())
-        return "I-Delete is not allowed as " + std::to_string(boats.Rows()) + " " + model +
-               " boats exist.";
+        return RemovalRefused(std::to_string(boats.Rows()) + " " + model + " boats exist.");
     if (!AskYesNo("Permanently delete model " + model + "?"))
         return {};
     Msg = ResultsDb.RemoveModel(ChosenId(ui->SelModel));
@@ -392,10 +389,9 @@ std::string frmBoatDetail::RemoveModel() {
 
 std::string frmBoatDetail::AddOwner() {
     tb::SelectedId = -1;
-    frmPeopleDetail window(
-        ResultsDb, tb::SelectedId, [this](int id) { ShowMessage(ShowPeople(id)); }, this);
+    frmPeopleDetail window(ResultsDb, tb::SelectedId, true, this);
     window.exec();
-    return {};
+    return window.SavedPersonId() == 0 ? std::string() : ShowPeople(window.SavedPersonId());
 }
 
 // Hands the handicap window its request (0 a new handicap, an Id to edit, a negated Id to revise)
@@ -408,16 +404,12 @@ std::string frmBoatDetail::OpenHandicap(bool needsHandicap, int sign) {
         return "I-No handicap selected";
     const int request = needsHandicap ? sign * highlighted->data(Qt::UserRole).toInt() : 0;
     ui->lAction->setText(QString::number(request));
-    frmHandicapDetail window(
-        ResultsDb, BoatId, ui->lAction->text().toInt(),
-        [this] {
-            ShowMessage(ShowHandicaps());
-            if (boatSaved)
-                boatSaved(BoatId);
-        },
-        this);
+    frmHandicapDetail window(ResultsDb, BoatId, ui->lAction->text().toInt(), this);
     window.exec();
-    return {};
+    if (!window.Saved())
+        return {};
+    SavedId = BoatId;
+    return ShowHandicaps();
 }
 
 std::string frmBoatDetail::ListBoatsOfModel() {
@@ -427,12 +419,8 @@ std::string frmBoatDetail::ListBoatsOfModel() {
     const std::string Msg = ResultsDb.GetBoatsOfModel(ChosenId(ui->SelModel), boats);
     if (!Msg.empty())
         return Msg;
-    std::vector<std::string> lines;
-    for (std::size_t row = 0; row < boats.Rows(); ++row)
-        lines.push_back(ToText(boats(clResults::BoatNamesCol::BoatName, row)) + " " +
-                        ToText(boats(clResults::BoatNamesCol::FullSailNo, row)));
-    ShowInformation("Boats of type " + S(ui->SelModel->currentText()),
-                    lines.empty() ? "No boats found" : JoinLines(lines));
+    ShowUsage("Boats of type " + S(ui->SelModel->currentText()), "No boats found", boats,
+              BoatWithSailNo);
     return Msg;
 }
 
@@ -443,13 +431,11 @@ std::string frmBoatDetail::ListSeriesEntered() {
     const std::string Msg = ResultsDb.GetSeriesForBoat(BoatId, series);
     if (!Msg.empty())
         return Msg;
-    std::vector<std::string> lines;
-    for (std::size_t row = 0; row < series.Rows(); ++row)
-        lines.push_back(ToText(series(clResults::SeriesEnteredCol::Title, row)) + " (" +
-                        Format(series(clResults::SeriesEnteredCol::FirstRaceDate, row), "yyyy") +
-                        ")");
-    ShowInformation("Series entered by " + S(ui->SelBoat->currentText()),
-                    lines.empty() ? "No entries found" : JoinLines(lines));
+    ShowUsage("Series entered by " + S(ui->SelBoat->currentText()), "No entries found", series,
+              [](const RowSet& rows, std::size_t row) {
+                  return SeriesWithYear(rows(clResults::SeriesEnteredCol::Title, row),
+                                        rows(clResults::SeriesEnteredCol::FirstRaceDate, row));
+              });
     return Msg;
 }
 

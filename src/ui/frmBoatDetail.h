@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QString>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,24 +14,20 @@ namespace tb {
 class clResults;
 
 // The boat editor: boats with their model, owner and handicaps. It opens the model window, the
-// handicap window and the people editor (to add an owner), which hand their new records back.
+// handicap window and the people editor (to add an owner) and lists what they saved after they
+// close.
 class frmBoatDetail : public QDialog {
     Q_OBJECT
 public:
-    // Told the Id of every boat saved here and of every boat whose handicaps change.
-    using BoatSaved = std::function<void(int BoatId)>;
-
-    // SelectedId: the boat to show first; -1 shows the first boat, or, when a BoatSaved handler
-    // is given (the entry editor opens the editor so), starts adding a new boat.
-    frmBoatDetail(clResults& ResultsDb, int SelectedId, BoatSaved boatSaved = {},
+    // SelectedId: the boat to show first; -1 shows the first boat, or, ForEntry (the entry
+    // editor opens the editor so), starts adding a new boat.
+    frmBoatDetail(clResults& ResultsDb, int SelectedId, bool ForEntry = false,
                   QWidget* parent = nullptr);
     ~frmBoatDetail() override;
 
-    // Refill the lists and select the given record; the model window and the people editor call
-    // them after they store.
-    std::string ShowModels(int SelectId);
-    std::string ShowPeople(int SelectId);
-    std::string ShowHandicaps();
+    // The boat last saved here or whose handicaps last changed, 0 when none: the entry editor
+    // shows it after exec().
+    int SavedBoatId() const { return SavedId; }
 
     // Every way of closing offers to save the edits first.
     void reject() override;
@@ -42,6 +37,10 @@ protected:
 
 private:
     std::string Load(int SelectedId);
+    // Refill the lists and select the given record.
+    std::string ShowModels(int SelectId);
+    std::string ShowPeople(int SelectId);
+    std::string ShowHandicaps();
     std::string ListBoats(int SelectId);
     std::string ShowBoat();
     std::string SaveBoat();
@@ -60,13 +59,14 @@ private:
 
     std::unique_ptr<Ui::frmBoatDetail> ui;
     clResults& ResultsDb;
-    BoatSaved boatSaved;
+    bool ForEntry;
     int BoatId = 0;
+    int SavedId = 0;
     bool Changed = false;
-    QString shownName;
-    QString shownSailNo;
-    int shownModel = 0;
-    int shownOwner = 0;
+    QString ShownName;
+    QString ShownSailNo;
+    int ShownModel = 0;
+    int ShownOwner = 0;
 };
 
 }  // namespace tb

@@ -12,13 +12,11 @@
 
 namespace tb {
 
-frmBoatModel::frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved modelSaved,
-                           QWidget* parent)
+frmBoatModel::frmBoatModel(clResults& ResultsDb, int SelectedId, QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmBoatModel>()),
       ResultsDb(ResultsDb),
-      ModelId(SelectedId),
-      modelSaved(std::move(modelSaved)) {
+      ModelId(SelectedId) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Boats");
     connect(ui->cmdOK, &QPushButton::clicked, this,
@@ -64,8 +62,7 @@ std::string frmBoatModel::SaveModel() {
     const std::string Msg = ResultsDb.PutModelDetails(id, model, ParseNumber(loa).value_or(0),
                                                       ParseNumber(draft).value_or(0));
     if (Msg.empty()) {
-        if (modelSaved)
-            modelSaved(id);
+        SavedId = id;
         accept();
     }
     return Msg;

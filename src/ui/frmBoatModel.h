@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,14 +13,14 @@ namespace tb {
 class clResults;
 
 // The small window for one boat model: opened by the boat editor to add a model (SelectedId -1)
-// or to edit one; a saved model is handed back so the editor lists and selects it.
+// or to edit one. After exec() the editor lists and selects SavedModelId(), 0 when none was saved.
 class frmBoatModel : public QDialog {
     Q_OBJECT
 public:
-    using ModelSaved = std::function<void(int ModelId)>;
-    frmBoatModel(clResults& ResultsDb, int SelectedId, ModelSaved modelSaved,
-                 QWidget* parent = nullptr);
+    frmBoatModel(clResults& ResultsDb, int SelectedId, QWidget* parent = nullptr);
     ~frmBoatModel() override;
+
+    int SavedModelId() const { return SavedId; }
 
 protected:
 private:
@@ -31,7 +30,7 @@ private:
     std::unique_ptr<Ui::frmBoatModel> ui;
     clResults& ResultsDb;
     int ModelId;
-    ModelSaved modelSaved;
+    int SavedId = 0;
 };
 
 }  // namespace tb

@@ -1,24 +1,26 @@
 #include "ui/frmClassDetail.h"
 
-#include <QFontDatabase>
-
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
-#include "ui/frmSeries.h"
+#include "ui/HelpFile.h"
 #include "ui_frmClassDetail.h"
 
 namespace tb {
 
-frmClassDetail::frmClassDetail(frmSeries& seriesWindow)
-    : QDialog(&seriesWindow),
+frmClassDetail::frmClassDetail(clResults& ResultsDb, int SeriesId, int ClassId, QWidget* parent)
+    : QDialog(parent),
       ui(std::make_unique<Ui::frmClassDetail>()),
-      SeriesWindow(seriesWindow) {
+      ResultsDb(ResultsDb),
+      SeriesId(SeriesId),
+      ClassId(ClassId) {
     ui->setupUi(this);
+    // Part of the series editor, so its help page.
+    SetHelpOnActivation(this, "Series");
     // Room for a long name without scrolling.
     ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
-    ui->SelHandicap->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ui->SelHandicap->setFont(ColumnFont());
     connect(ui->cmdOK, &QPushButton::clicked, this,
             [this] { RunTrapped("ClassDetail.cmdOK", [this] { OK(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -30,13 +32,10 @@ frmClassDetail::~frmClassDetail() = default;
 // Messages of the load are not shown; a new class starts with minimum TCF 0.000 and no handicap
 // type.
 void frmClassDetail::Load() {
-    clResults& ResultsDb = SeriesWindow.ResultsDb();
     RowSet series;
-    std::string Msg = ResultsDb.GetSeriesDetails(SeriesWindow.SeriesId(), series);
-    if (Msg.empty()) {
-        ui->lSeries->setText(QString::fromStdString(series(0, 0).ToText()));
-        ClassId = SeriesWindow.EditId();
-    }
+    std::string Msg = ResultsDb.GetSeriesDetails(SeriesId, series);
+    if (Msg.empty())
+        ui->lSeries->setText(FieldText(series(clResults::SeriesDetailCol::Title, 0)));
     ui->tValue->setText("0.000");
     int handicapType = 0;
     if (ClassId >= 1 && Msg.empty()) {
@@ -80,12 +79,9 @@ void frmClassDetail::OK() {
         ui->tValue->setFocus();
     }
     if (Msg.empty()) {
-        Msg = SeriesWindow.ResultsDb().PutClassDetails(
-            ClassId, SeriesWindow.SeriesId(), ui->tTitle->text().toStdString(), minTcf,
-            static_cast<short>(ui->SelHandicap->currentData().toInt()));
+        Msg = ResultsDb.PutClassDetails(ClassId, SeriesId, ui->tTitle->text().toStdString(), minTcf,
+                                        static_cast<short>(ui->SelHandicap->currentData().toInt()));
     }
-    if (Msg.empty())
-        Msg = SeriesWindow.ShowClassSplits();
     if (!Msg.empty()) {
         ShowMessage(Msg);
         return;

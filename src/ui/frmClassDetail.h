@@ -9,23 +9,26 @@ class frmClassDetail;
 
 namespace tb {
 
-class frmSeries;
+class clResults;
 
-// One class (or class split) of the series shown in the series window: a new one when the
-// series window's EditId is 0. Saving refreshes the series window's class list.
+// One class (or class split) of a series: a new one when ClassId is 0. After exec() the opener
+// refreshes its class list when Saved().
 class frmClassDetail : public QDialog {
     Q_OBJECT
 public:
-    explicit frmClassDetail(frmSeries& seriesWindow);
+    frmClassDetail(clResults& ResultsDb, int SeriesId, int ClassId, QWidget* parent = nullptr);
     ~frmClassDetail() override;
+
+    bool Saved() const { return result() == QDialog::Accepted; }
 
 private:
     void Load();
     void OK();
 
     std::unique_ptr<Ui::frmClassDetail> ui;
-    frmSeries& SeriesWindow;
-    int ClassId = 0;
+    clResults& ResultsDb;
+    int SeriesId;
+    int ClassId;
 };
 
 }  // namespace tb

@@ -38,11 +38,11 @@ void SelectById(QComboBox* list, int id) {
 
 }  // namespace
 
-frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* parent)
+frmEntryDetail::frmEntryDetail(clResults& ResultsDb, int SeriesId, QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmEntryDetail>()),
-      ResultsDb(resultsDb),
-      SeriesId(seriesId) {
+      ResultsDb(ResultsDb),
+      SeriesId(SeriesId) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Entries");
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -58,27 +58,30 @@ frmEntryDetail::frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* pare
     title.setBold(true);
     ui->lSeries->setFont(title);
 
-    connect(ui->RShow_0, &QRadioButton::clicked, this, [this] { ShowMessage(ShowEntries(0)); });
-    connect(ui->RShow_2, &QRadioButton::clicked, this, [this] { ShowMessage(ShowEntries(0)); });
+    for (QRadioButton* show : {ui->RShow_0, ui->RShow_2})
+        connect(show, &QRadioButton::clicked, this,
+                [this] { RunTrapped("EntryDetail.RShow", [this] { return ShowEntries(0); }); });
     connect(ui->SelEntry, &QComboBox::currentIndexChanged, this, [this] {
-        if (!filling_)
-            BoatSelected();
+        if (!Filling)
+            RunTrapped("EntryDetail.SelEntry", [this] { BoatSelected(); });
     });
     for (QComboBox* list : {ui->SelEntrant, ui->SelClass}) {
         connect(list, &QComboBox::currentIndexChanged, this, [this] {
-            if (!filling_)
+            if (!Filling)
                 SetChanged(true);
         });
     }
     connect(ui->tDisplay, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
     connect(ui->tEntryDate, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
     connect(ui->listSchedule, &QListWidget::itemChanged, this, [this] {
-        if (!filling_)
+        if (!Filling)
             SetChanged(true);
     });
     const QRadioButton* types[] = {ui->rEnter_0, ui->rEnter_1, ui->rEnter_2, ui->rEnter_3};
     for (int k = 0; k < 4; ++k)
-        connect(types[k], &QRadioButton::clicked, this, [this, k] { EntrantTypeChosen(k); });
+        connect(types[k], &QRadioButton::clicked, this, [this, k] {
+            RunTrapped("EntryDetail.rEnter", [this, k] { EntrantTypeChosen(k); });
+        });
     ui->SelEntry->installEventFilter(this);
 
     connect(ui->cmdOK, &QPushButton::clicked, this,
@@ -120,14 +123,13 @@ void frmEntryDetail::SetChanged(bool changed) {
 }
 
 std::string frmEntryDetail::ShowEntries(int BoatId) {
-    std::string Msg;
-    int selected = -1;
-    try {
-        filling_ = true;
+    const std::string Msg = Trap("EntryDetail.ShowEntries", [this, BoatId] {
+        int selected = -1;
+        Filling = true;
         ui->SelEntry->clear();
         RowSet rows;
-        Msg = ui->RShow_0->isChecked() ? ResultsDb.GetEntries(SeriesId, rows)
-                                       : ResultsDb.GetBoats(rows);
+        std::string Msg = ui->RShow_0->isChecked() ? ResultsDb.GetEntries(SeriesId, rows)
+                                                   : ResultsDb.GetBoats(rows);
         for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
             const int id = static_cast<int>(rows(clResults::EntriesCol::BoatId, r).AsInt());
             ui->SelEntry->addItem(BoatLine(rows(clResults::EntriesCol::BoatName, r).ToText(),
@@ -137,19 +139,17 @@ std::string frmEntryDetail::ShowEntries(int BoatId) {
                 selected = static_cast<int>(r);
         }
         ui->SelEntry->setCurrentIndex(selected);
-        filling_ = false;
+        Filling = false;
         BoatSelected();
-    } catch (...) {
-        filling_ = false;
-        const PendingError pending = DescribeCurrentException();
-        Msg = ErrorText(Msg, "EntryDetail.ShowEntries", &pending);
-    }
+        return Msg;
+    });
+    Filling = false;
     return Msg;
 }
 
 std::string frmEntryDetail::ShowPeople(int PersonId) {
-    std::string Msg;
-    try {
+    return Trap("EntryDetail.ShowPeope", [this, PersonId] {
+        std::string Msg;
         const QSignalBlocker quiet(ui->SelEntrant);
         if (ui->SelEntrant->count() == 0) {
             RowSet people;
@@ -163,11 +163,8 @@ std::string frmEntryDetail::ShowPeople(int PersonId) {
         ui->SelEntrant->setCurrentIndex(-1);
         if (Msg.empty())
             SelectById(ui->SelEntrant, PersonId);
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        Msg = ErrorText(Msg, "EntryDetail.ShowPeope", &pending);
-    }
-    return Msg;
+        return Msg;
+    });
 }
 
 std::string frmEntryDetail::ShowClasses(int ClassId) {
@@ -189,7 +186,7 @@ std::string frmEntryDetail::ShowClasses(int ClassId) {
 }
 
 std::string frmEntryDetail::ShowRaces(const RowSet& RaceRows) {
-    filling_ = true;
+    Filling = true;
     ui->listSchedule->clear();
     Races.Clear();
     const std::string Msg = ResultsDb.GetSchedule(Races, SeriesId);
@@ -212,7 +209,7 @@ std::string frmEntryDetail::ShowRaces(const RowSet& RaceRows) {
         item->setData(Qt::UserRole, static_cast<int>(raceId.AsInt()));
         ui->listSchedule->addItem(item);
     }
-    filling_ = false;
+    Filling = false;
     return Msg;
 }
 
@@ -403,9 +400,10 @@ void frmEntryDetail::AddBoat() {
 }
 
 void frmEntryDetail::OpenBoatEditor() {
-    frmBoatDetail window(
-        ResultsDb, SelectedId, [this](int BoatId) { ShowNewBoat(BoatId); }, this);
+    frmBoatDetail window(ResultsDb, SelectedId, true, this);
     window.exec();
+    if (window.SavedBoatId() != 0)
+        ShowNewBoat(window.SavedBoatId());
 }
 
 void frmEntryDetail::ShowNewBoat(int BoatId) {

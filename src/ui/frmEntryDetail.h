@@ -19,7 +19,7 @@ class clResults;
 class frmEntryDetail : public QDialog {
     Q_OBJECT
 public:
-    frmEntryDetail(clResults& resultsDb, int seriesId, QWidget* parent = nullptr);
+    frmEntryDetail(clResults& ResultsDb, int SeriesId, QWidget* parent = nullptr);
     ~frmEntryDetail() override;
 
     // The boat editor calls this after saving so that a new or changed boat, owner or handicap
@@ -60,7 +60,7 @@ private:
     int BoatId = -1;
     RowSet Races;  // the series' races: Id, name, date, in sub-series
     bool Changed = false;
-    bool filling_ = false;
+    bool Filling = false;
 };
 
 }  // namespace tb

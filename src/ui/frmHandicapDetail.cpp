@@ -21,14 +21,12 @@ QString DateField(const Value& date) {
 
 }  // namespace
 
-frmHandicapDetail::frmHandicapDetail(clResults& ResultsDb, int BoatId, int Request,
-                                     HandicapSaved handicapSaved, QWidget* parent)
+frmHandicapDetail::frmHandicapDetail(clResults& ResultsDb, int BoatId, int Request, QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmHandicapDetail>()),
       ResultsDb(ResultsDb),
       BoatId(BoatId),
-      Request(Request),
-      handicapSaved(std::move(handicapSaved)) {
+      Request(Request) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Boats");
     connect(ui->cmdOK, &QPushButton::clicked, this,
@@ -106,11 +104,8 @@ std::string frmHandicapDetail::SaveHandicap() {
     }
     const std::string Msg = ResultsDb.PutHandicapDetails(
         Request, BoatId, static_cast<short>(ChosenId(ui->SelHandicap)), value, start, expires);
-    if (Msg.empty()) {
-        if (handicapSaved)
-            handicapSaved();
+    if (Msg.empty())
         accept();
-    }
     return Msg;
 }
 

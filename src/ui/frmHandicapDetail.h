@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,14 +14,14 @@ class clResults;
 
 // The small window for one handicap of a boat. Request 0 adds a handicap, an Id edits that
 // handicap, and a negated Id revises it: a new value from a new start, the old one ending the day
-// before. The boat editor hears of every saved handicap.
+// before. After exec() the boat editor shows the boat's handicaps again when Saved().
 class frmHandicapDetail : public QDialog {
     Q_OBJECT
 public:
-    using HandicapSaved = std::function<void()>;
-    frmHandicapDetail(clResults& ResultsDb, int BoatId, int Request, HandicapSaved handicapSaved,
-                      QWidget* parent = nullptr);
+    frmHandicapDetail(clResults& ResultsDb, int BoatId, int Request, QWidget* parent = nullptr);
     ~frmHandicapDetail() override;
+
+    bool Saved() const { return result() == QDialog::Accepted; }
 
 protected:
 private:
@@ -33,7 +32,6 @@ private:
     clResults& ResultsDb;
     int BoatId;
     int Request;
-    HandicapSaved handicapSaved;
 };
 
 }  // namespace tb

@@ -16,6 +16,7 @@
 #include "data/Messages.h"
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
+#include "ui/HelpFile.h"
 
 namespace tb {
 
@@ -59,6 +60,8 @@ bool OfTheRace(int kind) {
 frmImportExport::frmImportExport(clResults& ResultsDb, int RaceId, QWidget* parent)
     : QDialog(parent), ResultsDb(ResultsDb), RaceId(RaceId) {
     setWindowTitle("Import and export");
+    // The program's own help page: the exchange of files has none of its own.
+    SetHelpOnActivation(this, "Tallyboard help");
     SelKind = new QComboBox(this);
     SelKind->setObjectName("SelKind");
     for (const KindChoice& choice : kKinds) {

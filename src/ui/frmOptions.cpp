@@ -10,6 +10,7 @@
 #include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
 #include "ui/StartupSettings.h"
+#include "ui/UsageLists.h"
 #include "ui_frmOptions.h"
 
 namespace tb {
@@ -32,8 +33,8 @@ void StoreIfChanged(const char* key, const std::string& path) {
 
 }  // namespace
 
-frmOptions::frmOptions(clResults& results, QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(results) {
+frmOptions::frmOptions(clResults& ResultsDb, QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmOptions>()), ResultsDb(ResultsDb) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Options");
     KeepTypedName(ui->SelHCs);
@@ -68,14 +69,13 @@ void frmOptions::showEvent(QShowEvent* event) {
 }
 
 void frmOptions::Load() {
-    std::string Msg;
-    try {
+    RunTrapped("Options.Load", [this] {
         ui->tReportDir->setText(QString::fromStdString(ReportPath));
         ui->tDataFile->setText(QString::fromStdString(DataFile));
         std::string Heading;
         std::string Comment;
         std::string Footnote;
-        Msg = ResultsDb.GetSetting("Header", Heading);
+        std::string Msg = ResultsDb.GetSetting("Header", Heading);
         if (Msg.empty())
             Msg = ResultsDb.GetSetting("Comment", Comment);
         if (Msg.empty())
@@ -85,12 +85,8 @@ void frmOptions::Load() {
         ui->tFootnote->setText(QString::fromStdString(Footnote));
         if (Msg.empty())
             Msg = FillHandicapTypes();
-        Msg = ErrorText(Msg, "Options.Load");
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        Msg = ErrorText({}, "Options.Load", &pending);
-    }
-    ShowMessage(Msg);
+        return Msg;
+    });
 }
 
 std::string frmOptions::FillHandicapTypes() {
@@ -141,7 +137,7 @@ void frmOptions::cmdRemove_Click() {
     if (Msg.empty() && Series.IsEmpty())
         Msg = ResultsDb.GetBoatsUsingHandicap(typeId, Boats);
     if (Msg.empty() && (!Series.IsEmpty() || !Boats.IsEmpty()))
-        Msg = "I-Delete is not allowed as handicap type is in use";
+        Msg = RemovalRefused("handicap type is in use");
     if (Msg.empty()) {
         if (!AskYesNo("Remove handicap type " + SelectedTypeName() + "?", "Tallyboard"))
             return;
@@ -150,10 +146,6 @@ void frmOptions::cmdRemove_Click() {
             Msg = FillHandicapTypes();
     }
     ShowMessage(Msg);
-}
-
-void frmOptions::ShowUsage(const std::string& text) {
-    Messages().Show({MessageIcon::Information, "Handicap type: " + SelectedTypeName(), text});
 }
 
 void frmOptions::ListModels_Click() {
@@ -168,16 +160,15 @@ void frmOptions::ListModels_Click() {
         ShowMessage(Msg);
         return;
     }
-    if (Boats.IsEmpty()) {
-        ShowUsage("This handicap type is not used by any boats");
-        return;
-    }
-    std::string text = "This handicap type is used by " + std::to_string(Boats.Rows()) + " boats:";
-    if (Boats.Rows() > kBoatsListed)
-        text += " (first 20 shown)";
-    for (std::size_t row = 0; row < Boats.Rows() && row < kBoatsListed; ++row)
-        text += "\r\n" + Boats(clResults::BoatsUsingCol::BoatName, row).ToText();
-    ShowUsage(text);
+    ShowUsage(
+        "Handicap type: " + SelectedTypeName(), "This handicap type is not used by any boats",
+        Boats,
+        [](const RowSet& rows, std::size_t row) {
+            return ToText(rows(clResults::BoatsUsingCol::BoatName, row));
+        },
+        "This handicap type is used by " + std::to_string(Boats.Rows()) +
+            " boats:" + (Boats.Rows() > kBoatsListed ? " (first 20 shown)" : ""),
+        kBoatsListed);
 }
 
 void frmOptions::ListSeries_Click() {
@@ -192,16 +183,14 @@ void frmOptions::ListSeries_Click() {
         ShowMessage(Msg);
         return;
     }
-    if (Series.IsEmpty()) {
-        ShowUsage("This handicap type is not used in any series");
-        return;
-    }
-    std::string text =
-        "This handicap type is used in " + std::to_string(Series.Rows()) + " series:";
-    for (std::size_t row = 0; row < Series.Rows(); ++row)
-        text += "\r\n" + Series(clResults::SeriesUsingCol::Title, row).ToText() + " (" +
-                Format(Series(clResults::SeriesUsingCol::SeriesDate, row), "yyyy") + ")";
-    ShowUsage(text);
+    ShowUsage(
+        "Handicap type: " + SelectedTypeName(), "This handicap type is not used in any series",
+        Series,
+        [](const RowSet& rows, std::size_t row) {
+            return SeriesWithYear(rows(clResults::SeriesUsingCol::Title, row),
+                                  rows(clResults::SeriesUsingCol::SeriesDate, row));
+        },
+        "This handicap type is used in " + std::to_string(Series.Rows()) + " series:");
 }
 
 // Both paths are checked before either is stored, so a refused path leaves the store as it was.

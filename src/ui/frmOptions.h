@@ -17,7 +17,7 @@ class clResults;
 class frmOptions : public QDialog {
     Q_OBJECT
 public:
-    explicit frmOptions(clResults& results, QWidget* parent = nullptr);
+    explicit frmOptions(clResults& ResultsDb, QWidget* parent = nullptr);
     ~frmOptions() override;
 
 protected:
@@ -35,7 +35,6 @@ private:
     std::string SavePaths();
     bool HandicapTypeSelected() const;
     std::string SelectedTypeName() const;
-    void ShowUsage(const std::string& text);
 
     std::unique_ptr<Ui::frmOptions> ui;
     clResults& ResultsDb;

@@ -13,15 +13,16 @@
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
+#include "ui/UsageLists.h"
 
 namespace tb {
 
-frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdded ownerAdded,
+frmPeopleDetail::frmPeopleDetail(clResults& ResultsDb, int SelectedId, bool AddingOwner,
                                  QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmPeopleDetail>()),
       ResultsDb(ResultsDb),
-      ownerAdded(std::move(ownerAdded)) {
+      AddingOwner(AddingOwner) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "People");
     // Enter in the list searches by the typed start of the family name; the list offers no
@@ -174,9 +175,8 @@ std::string frmPeopleDetail::SavePerson() {
         ui->SelPerson->setEnabled(true);
         ui->SelPerson->setFocus();
         SetChanged(false);
-        if (ownerAdded) {
-            if (PersonId > 0)
-                ownerAdded(PersonId);
+        SavedId = PersonId;
+        if (AddingOwner) {
             accept();
             return Msg;
         }
@@ -251,14 +251,14 @@ std::string frmPeopleDetail::RemovePerson() {
     if (!Msg.empty())
         return Msg;
     if (!series.IsEmpty() || !boats.IsEmpty()) {
-        std::string refusal = "I-Delete is not allowed as " + person;
+        std::string refusal = person;
         if (!series.IsEmpty())
             refusal += " is entered in " + std::to_string(series.Rows()) + " series";
         if (!series.IsEmpty() && !boats.IsEmpty())
             refusal += " and";
         if (!boats.IsEmpty())
             refusal += " is a boat owner";
-        return refusal + ".";
+        return RemovalRefused(refusal + ".");
     }
     if (!AskYesNo("Permanently delete " + person + "?"))
         return {};
@@ -279,13 +279,11 @@ std::string frmPeopleDetail::ListSeriesEntered() {
     const std::string Msg = ResultsDb.GetSeriesForPerson(ChosenId(ui->SelPerson), series);
     if (!Msg.empty())
         return Msg;
-    std::vector<std::string> lines;
-    for (std::size_t row = 0; row < series.Rows(); ++row)
-        lines.push_back(Format(series(clResults::SeriesEnteredCol::FirstRaceDate, row), "yyyy") +
-                        " " + ToText(series(clResults::SeriesEnteredCol::Title, row)));
-    ShowInformation(
-        "Series entered by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
-        lines.empty() ? "No entries found" : JoinLines(lines));
+    ShowUsage("Series entered by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
+              "No entries found", series, [](const RowSet& rows, std::size_t row) {
+                  return Format(rows(clResults::SeriesEnteredCol::FirstRaceDate, row), "yyyy") +
+                         " " + ToText(rows(clResults::SeriesEnteredCol::Title, row));
+              });
     return Msg;
 }
 
@@ -296,12 +294,8 @@ std::string frmPeopleDetail::ListBoatsOwned() {
     const std::string Msg = ResultsDb.GetBoatsOwned(ChosenId(ui->SelPerson), boats);
     if (!Msg.empty())
         return Msg;
-    std::vector<std::string> lines;
-    for (std::size_t row = 0; row < boats.Rows(); ++row)
-        lines.push_back(ToText(boats(clResults::BoatNamesCol::BoatName, row)) + " " +
-                        ToText(boats(clResults::BoatNamesCol::FullSailNo, row)));
-    ShowInformation("Boats owned by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
-                    lines.empty() ? "No boats found" : JoinLines(lines));
+    ShowUsage("Boats owned by " + S(ui->SelPerson->itemText(ui->SelPerson->currentIndex())),
+              "No boats found", boats, BoatWithSailNo);
     return Msg;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,17 +13,19 @@ namespace tb {
 class clResults;
 
 // The people editor: looks up, adds, changes and removes persons of the register. Opened by the
-// boat editor to add an owner, it hands the saved person back and closes.
+// boat editor to add an owner, it closes once the person is saved, and the boat editor reads
+// SavedPersonId() after exec().
 class frmPeopleDetail : public QDialog {
     Q_OBJECT
 public:
-    using OwnerAdded = std::function<void(int PersonId)>;
-
-    // SelectedId -1 starts by adding a new person. With an OwnerAdded handler (the boat editor's)
-    // the window closes once a person is saved and hands the person to the handler.
-    frmPeopleDetail(clResults& ResultsDb, int SelectedId, OwnerAdded ownerAdded = {},
+    // SelectedId -1 starts by adding a new person. AddingOwner (the boat editor's way of opening
+    // it) closes the window once a person is saved.
+    frmPeopleDetail(clResults& ResultsDb, int SelectedId, bool AddingOwner = false,
                     QWidget* parent = nullptr);
     ~frmPeopleDetail() override;
+
+    // The person last saved, 0 when none was.
+    int SavedPersonId() const { return SavedId; }
 
     // Every way of closing offers to save the edits first.
     void reject() override;
@@ -48,7 +49,8 @@ private:
 
     std::unique_ptr<Ui::frmPeopleDetail> ui;
     clResults& ResultsDb;
-    OwnerAdded ownerAdded;
+    bool AddingOwner;
+    int SavedId = 0;
     int PersonId = 0;
     bool Changed = false;
 };

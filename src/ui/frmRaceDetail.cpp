@@ -4,16 +4,20 @@
 #include "data/Messages.h"
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
-#include "ui/frmSeries.h"
+#include "ui/HelpFile.h"
 #include "ui_frmRaceDetail.h"
 
 namespace tb {
 
-frmRaceDetail::frmRaceDetail(frmSeries& seriesWindow)
-    : QDialog(&seriesWindow),
+frmRaceDetail::frmRaceDetail(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* parent)
+    : QDialog(parent),
       ui(std::make_unique<Ui::frmRaceDetail>()),
-      SeriesWindow(seriesWindow) {
+      ResultsDb(ResultsDb),
+      SeriesId(SeriesId),
+      RaceId(RaceId) {
     ui->setupUi(this);
+    // Part of the series editor, so its help page.
+    SetHelpOnActivation(this, "Series");
     // Room for a long name without scrolling.
     ui->tTitle->setMinimumWidth(fontMetrics().horizontalAdvance(QString(40, QChar('x'))));
     connect(ui->cmdOK, &QPushButton::clicked, this,
@@ -26,13 +30,11 @@ frmRaceDetail::~frmRaceDetail() = default;
 
 // Messages of the load are not shown: a race that cannot be read starts empty.
 void frmRaceDetail::Load() {
-    clResults& ResultsDb = SeriesWindow.ResultsDb();
     RowSet series;
-    if (!ResultsDb.GetSeriesDetails(SeriesWindow.SeriesId(), series).empty())
+    if (!ResultsDb.GetSeriesDetails(SeriesId, series).empty())
         return;
     ui->lSeries->setText(
         QString::fromStdString(series(clResults::SeriesDetailCol::Title, 0).ToText()));
-    RaceId = SeriesWindow.EditId();
     if (RaceId < 1)
         return;
     RowSet race;
@@ -59,13 +61,10 @@ void frmRaceDetail::OK() {
         ui->tDate->setFocus();
     }
     if (Msg.empty()) {
-        Msg = SeriesWindow.ResultsDb().PutScheduleDetails(
-            RaceId, SeriesWindow.SeriesId(), ui->tTitle->text().toStdString(),
-            ui->tDate->text().toStdString(), ui->cSubseries->isChecked(),
-            ui->tRaceId->text().toStdString());
+        Msg = ResultsDb.PutScheduleDetails(
+            RaceId, SeriesId, ui->tTitle->text().toStdString(), ui->tDate->text().toStdString(),
+            ui->cSubseries->isChecked(), ui->tRaceId->text().toStdString());
     }
-    if (Msg.empty())
-        Msg = SeriesWindow.ShowSchedule();
     if (!Msg.empty()) {
         ShowMessage(Msg);
         return;

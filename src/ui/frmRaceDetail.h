@@ -9,23 +9,26 @@ class frmRaceDetail;
 
 namespace tb {
 
-class frmSeries;
+class clResults;
 
-// One scheduled race of the series shown in the series window: a new one when the series
-// window's EditId is 0. Saving refreshes the series window's race list.
+// One scheduled race of a series: a new one when RaceId is 0. After exec() the opener refreshes
+// its schedule when Saved().
 class frmRaceDetail : public QDialog {
     Q_OBJECT
 public:
-    explicit frmRaceDetail(frmSeries& seriesWindow);
+    frmRaceDetail(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* parent = nullptr);
     ~frmRaceDetail() override;
+
+    bool Saved() const { return result() == QDialog::Accepted; }
 
 private:
     void Load();
     void OK();
 
     std::unique_ptr<Ui::frmRaceDetail> ui;
-    frmSeries& SeriesWindow;
-    int RaceId = 0;
+    clResults& ResultsDb;
+    int SeriesId;
+    int RaceId;
 };
 
 }  // namespace tb

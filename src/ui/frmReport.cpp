@@ -28,31 +28,33 @@ public:
 
 }  // namespace
 
-frmReport::frmReport(clResults& results, int seriesId, int raceId, ReportViewer& viewer,
+frmReport::frmReport(clResults& ResultsDb, int SeriesId, int RaceId, ReportViewer& Viewer,
                      QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmReport>()),
-      ResultsDb(results),
-      viewer(viewer),
-      raceId(raceId),
-      seriesId(seriesId) {
+      ResultsDb(ResultsDb),
+      Viewer(Viewer),
+      RaceId(RaceId),
+      SeriesId(SeriesId) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Reports");
     for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
         rReport[kind] = findChild<QRadioButton*>(QStringLiteral("rReport_%1").arg(kind));
-        connect(rReport[kind], &QRadioButton::clicked, this, [this, kind] { rReport_Click(kind); });
+        connect(rReport[kind], &QRadioButton::clicked, this, [this, kind] {
+            RunTrapped("Report.rReport", [this, kind] { rReport_Click(kind); });
+        });
     }
     connect(ui->cmdOK, &QPushButton::clicked, this,
-            [this] { RunTrapped("Report.cmdOK", [this] { cmdOK_Click(); }); });
+            [this] { RunTrapped("Report.OK.Click", [this] { return cmdOK_Click(); }); });
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->SelAction, &QListWidget::itemDoubleClicked, this,
-            [this] { RunTrapped("Report.SelAction", [this] { cmdOK_Click(); }); });
-    Load();
+            [this] { RunTrapped("Report.OK.Click", [this] { return cmdOK_Click(); }); });
+    RunTrapped("Report.Load", [this] { return Load(); });
 }
 
 frmReport::~frmReport() = default;
 
-void frmReport::Load() {
+std::string frmReport::Load() {
     const ReportMenuTable& menu = ResultsDb.ReportMenu();
     for (int kind = 0; kind < static_cast<int>(rReport.size()); ++kind) {
         rReport[kind]->setText(QString::fromStdString(menu[kind].Title));
@@ -62,19 +64,19 @@ void frmReport::Load() {
     rReport_Click(kRaceResults);
 
     RowSet series;
-    std::string Msg = ResultsDb.GetSeriesDetails(seriesId, series);
+    std::string Msg = ResultsDb.GetSeriesDetails(SeriesId, series);
     if (Msg.empty()) {
         ui->lSeries->setText(
             QString::fromStdString(series(clResults::SeriesDetailCol::Title, 0).ToText()));
         RowSet race;
-        Msg = ResultsDb.GetRaceDetails(raceId, race);
+        Msg = ResultsDb.GetRaceDetails(RaceId, race);
         if (Msg.empty() && !race.IsEmpty()) {
             ui->lRace->setText(QString::fromStdString(
                 race(clResults::RaceDetailCol::RaceName, 0).ToText() + " - " +
                 Format(race(clResults::RaceDetailCol::RaceDate, 0), "dd/mm/yyyy")));
         }
     }
-    ShowMessage(Msg);
+    return Msg;
 }
 
 void frmReport::rReport_Click(int kind) {
@@ -95,16 +97,9 @@ int frmReport::SelectedKind() const {
     return -1;
 }
 
-void frmReport::cmdOK_Click() {
-    std::string Msg;
-    try {
-        const BusyCursor busy;
-        Msg = MakeReport();
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        Msg = ErrorText({}, "Report.OK.Click", &pending);
-    }
-    ShowMessage(Msg);
+std::string frmReport::cmdOK_Click() {
+    const BusyCursor busy;
+    return MakeReport();
 }
 
 std::string frmReport::MakeReport() {
@@ -117,7 +112,7 @@ std::string frmReport::MakeReport() {
     std::string outputPath;
     ui->lStatus->clear();
     const std::string Msg =
-        ResultsDb.CreateReport(kind, actionIndex, viewerCode, raceId, outputPath);
+        ResultsDb.CreateReport(kind, actionIndex, viewerCode, RaceId, outputPath);
     // The status line says where the report went: a published page is nowhere else to be seen.
     const QString path = QString::fromStdString(outputPath);
     const bool published =
@@ -129,9 +124,9 @@ std::string frmReport::MakeReport() {
     }
     ui->lStatus->setText((published ? tr("Published to %1") : tr("Written to %1")).arg(path));
     if (viewerCode == 2)
-        viewer.OpenInSpreadsheet(path);
+        Viewer.OpenInSpreadsheet(path);
     else if (viewerCode == 1 || viewerCode == 3)
-        viewer.OpenInBrowser(path);
+        Viewer.OpenInBrowser(path);
     return {};
 }
 

@@ -19,24 +19,24 @@ class ReportViewer;
 class frmReport : public QDialog {
     Q_OBJECT
 public:
-    frmReport(clResults& results, int seriesId, int raceId, ReportViewer& viewer,
+    frmReport(clResults& ResultsDb, int SeriesId, int RaceId, ReportViewer& Viewer,
               QWidget* parent = nullptr);
     ~frmReport() override;
 
 protected:
 private:
-    void Load();
+    std::string Load();
     void rReport_Click(int kind);
-    void cmdOK_Click();
+    std::string cmdOK_Click();
     std::string MakeReport();
     int SelectedKind() const;
 
     std::unique_ptr<Ui::frmReport> ui;
     std::array<QRadioButton*, 6> rReport{};
     clResults& ResultsDb;
-    ReportViewer& viewer;
-    int raceId;
-    int seriesId;
+    ReportViewer& Viewer;
+    int RaceId;
+    int SeriesId;
 };
 
 }  // namespace tb

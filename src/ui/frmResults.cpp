@@ -88,7 +88,9 @@ frmResults::frmResults(clResults& ResultsDb, int SeriesId, int RaceId, QWidget* 
             [this] { EnableResultFields(false); });
     connect(ui->cStart, &QPushButton::clicked, this,
             [this] { RunTrapped("Results.cStart", [this] { OpenStartTimes(); }); });
-    connect(ui->tTime, &QLineEdit::textChanged, this, &frmResults::TimeChanged);
+    connect(ui->tTime, &QLineEdit::textChanged, this, [this](const QString& text) {
+        RunTrapped("Results.tTime", [&] { TimeChanged(text); });
+    });
     connect(ui->tTime, &QLineEdit::returnPressed, this, &frmResults::TimeEnter);
     connect(rFinish, &QButtonGroup::idClicked, this, &frmResults::FinishChosen);
     connect(ui->SelStatus, &QComboBox::activated, this, &frmResults::StatusChosen);

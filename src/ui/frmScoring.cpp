@@ -11,6 +11,7 @@
 #include "data/clResults.h"
 #include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
+#include "ui/UsageLists.h"
 
 namespace tb {
 
@@ -38,12 +39,9 @@ void FillSystems(QComboBox* list, const RowSet& systems) {
     list->setCurrentIndex(list->count() > 0 ? 0 : -1);
 }
 
-std::string SeriesLines(const RowSet& series) {
-    std::vector<std::string> lines;
-    for (std::size_t row = 0; row < series.Rows(); ++row)
-        lines.push_back(ToText(series(clResults::SeriesUsingCol::Title, row)) + " (" +
-                        Format(series(clResults::SeriesUsingCol::SeriesDate, row), "yyyy") + ")");
-    return JoinLines(lines);
+std::string SeriesLine(const RowSet& series, std::size_t row) {
+    return SeriesWithYear(series(clResults::SeriesUsingCol::Title, row),
+                          series(clResults::SeriesUsingCol::SeriesDate, row));
 }
 
 }  // namespace
@@ -221,7 +219,7 @@ std::string frmScoring::RemoveScoring() {
     if (!Msg.empty())
         return Msg;
     if (!series.IsEmpty())
-        return "I-Delete is not allowed as scoring system " + name + " is in use";
+        return RemovalRefused("scoring system " + name + " is in use");
     if (!AskYesNo("Remove scoring system " + name + "?"))
         return {};
     Msg = ResultsDb.RemoveScoring(ChosenId(ui->SelScoring));
@@ -239,7 +237,7 @@ std::string frmScoring::RemoveDiscardRule() {
     if (!Msg.empty())
         return Msg;
     if (!series.IsEmpty())
-        return "I-Delete is not allowed as discard rule " + name + " is in use";
+        return RemovalRefused("discard rule " + name + " is in use");
     if (!AskYesNo("Remove discard rule " + name + "?"))
         return {};
     Msg = ResultsDb.RemoveDiscardSystem(ChosenId(ui->SelDiscards));
@@ -255,11 +253,9 @@ std::string frmScoring::ListSeriesUsingScoring() {
     const std::string Msg = ResultsDb.GetSeriesUsingScoring(ChosenId(ui->SelScoring), series);
     if (!Msg.empty())
         return Msg;
-    ShowInformation(
-        "Scoring system: " + S(ui->SelScoring->itemText(ui->SelScoring->currentIndex())),
-        series.IsEmpty() ? "This scoring system is not used in any series"
-                         : "This scoring system is used in " + std::to_string(series.Rows()) +
-                               " series:\r\n" + SeriesLines(series));
+    ShowUsage("Scoring system: " + S(ui->SelScoring->itemText(ui->SelScoring->currentIndex())),
+              "This scoring system is not used in any series", series, SeriesLine,
+              "This scoring system is used in " + std::to_string(series.Rows()) + " series:");
     return Msg;
 }
 
@@ -270,11 +266,9 @@ std::string frmScoring::ListSeriesUsingDiscardRule() {
     const std::string Msg = ResultsDb.GetSeriesUsingDiscard(ChosenId(ui->SelDiscards), series);
     if (!Msg.empty())
         return Msg;
-    ShowInformation(
-        "Discard rule: " + S(ui->SelDiscards->itemText(ui->SelDiscards->currentIndex())),
-        series.IsEmpty() ? "This discard rule is not used in any series"
-                         : "This discard rule is used in " + std::to_string(series.Rows()) +
-                               " series:\r\n" + SeriesLines(series));
+    ShowUsage("Discard rule: " + S(ui->SelDiscards->itemText(ui->SelDiscards->currentIndex())),
+              "This discard rule is not used in any series", series, SeriesLine,
+              "This discard rule is used in " + std::to_string(series.Rows()) + " series:");
     return Msg;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFontDatabase>
 #include <QListWidget>
 #include <QSignalBlocker>
 
@@ -30,14 +29,14 @@ std::string Trimmed(const QString& text) {
 
 }  // namespace
 
-frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
+frmSeries::frmSeries(clResults& ResultsDb, int SeriesId, QWidget* parent)
     : QDialog(parent),
       ui(std::make_unique<Ui::frmSeries>()),
-      ResultsDb_(resultsDb),
-      SeriesId_(seriesId) {
+      ResultsDb(ResultsDb),
+      SeriesId(SeriesId) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Series");
-    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const QFont fixed = ColumnFont();
     for (QWidget* w :
          {static_cast<QWidget*>(ui->listSchedule), static_cast<QWidget*>(ui->listClassSplits),
           static_cast<QWidget*>(ui->lScheduleColumns), static_cast<QWidget*>(ui->lClassColumns)})
@@ -54,7 +53,7 @@ frmSeries::frmSeries(clResults& resultsDb, int seriesId, QWidget* parent)
     connect(ui->tSubName, &QLineEdit::textEdited, this, [this] { SetChanged(true); });
     for (QComboBox* list : {ui->SelScoring, ui->SelDiscards}) {
         connect(list, &QComboBox::currentIndexChanged, this, [this] {
-            if (!filling_)
+            if (!Filling)
                 SetChanged(true);
         });
     }
@@ -97,48 +96,44 @@ bool frmSeries::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmSeries::SetChanged(bool changed) {
-    Changed_ = changed;
+    Changed = changed;
     ui->cmdOK->setEnabled(changed);
     ui->cmdAddSeries->setEnabled(!changed);
 }
 
 void frmSeries::ShowDetails() {
-    std::string Msg;
-    try {
+    RunTrapped("Series.ShowDetails", [this] {
+        std::string Msg;
         ui->listSchedule->clear();
         ui->listClassSplits->clear();
-        if (SeriesId_ > 0) {
+        if (SeriesId > 0) {
             RowSet rows;
-            Msg = ResultsDb_.GetSeriesDetails(SeriesId_, rows);
+            Msg = ResultsDb.GetSeriesDetails(SeriesId, rows);
             if (Msg.empty()) {
-                ui->tName->setText(
-                    QString::fromStdString(rows(clResults::SeriesDetailCol::Title, 0).ToText()));
-                ui->tSubName->setText(QString::fromStdString(
-                    rows(clResults::SeriesDetailCol::SubseriesTitle, 0).ToText()));
-                Scoring_ = static_cast<int>(rows(clResults::SeriesDetailCol::Scoring, 0).AsInt());
-                Discards_ = static_cast<int>(rows(clResults::SeriesDetailCol::Discards, 0).AsInt());
+                ui->tName->setText(FieldText(rows(clResults::SeriesDetailCol::Title, 0)));
+                ui->tSubName->setText(
+                    FieldText(rows(clResults::SeriesDetailCol::SubseriesTitle, 0)));
+                ScoringId = static_cast<int>(rows(clResults::SeriesDetailCol::Scoring, 0).AsInt());
+                DiscardId = static_cast<int>(rows(clResults::SeriesDetailCol::Discards, 0).AsInt());
             }
             if (Msg.empty())
                 Msg = ShowSchedule();
             if (Msg.empty())
                 Msg = ShowClassSplits();
         }
-        FillSystemList(ui->SelScoring, true, Scoring_, Msg);
-        FillSystemList(ui->SelDiscards, false, Discards_, Msg);
+        FillSystemList(ui->SelScoring, true, ScoringId, Msg);
+        FillSystemList(ui->SelDiscards, false, DiscardId, Msg);
         SetChanged(false);
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        Msg = ErrorText(Msg, "Series.ShowDetails", &pending);
-    }
-    ShowMessage(Msg);
+        return Msg;
+    });
 }
 
 void frmSeries::FillSystemList(QComboBox* list, bool scoring, int selectedId, std::string& Msg) {
-    filling_ = true;
+    Filling = true;
     list->clear();
     if (Msg.empty()) {
         RowSet rows;
-        Msg = scoring ? ResultsDb_.GetScoring(rows) : ResultsDb_.GetDiscards(rows);
+        Msg = scoring ? ResultsDb.GetScoring(rows) : ResultsDb.GetDiscards(rows);
         for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
             const int id = static_cast<int>(rows(clResults::SystemsCol::Id, r).AsInt());
             list->addItem(
@@ -149,13 +144,13 @@ void frmSeries::FillSystemList(QComboBox* list, bool scoring, int selectedId, st
     }
     if (list->findData(selectedId) < 0)
         list->setCurrentIndex(-1);
-    filling_ = false;
+    Filling = false;
 }
 
 std::string frmSeries::ShowSchedule() {
     ui->listSchedule->clear();
     RowSet rows;
-    const std::string Msg = ResultsDb_.GetSchedule(rows, SeriesId_);
+    const std::string Msg = ResultsDb.GetSchedule(rows, SeriesId);
     for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
         auto* item =
             new QListWidgetItem(ScheduleLine(rows(clResults::ScheduleCol::RaceDate, r),
@@ -170,7 +165,7 @@ std::string frmSeries::ShowSchedule() {
 std::string frmSeries::ShowClassSplits() {
     ui->listClassSplits->clear();
     RowSet rows;
-    const std::string Msg = ResultsDb_.GetClassSplits(rows, SeriesId_);
+    const std::string Msg = ResultsDb.GetClassSplits(rows, SeriesId);
     for (std::size_t r = 0; Msg.empty() && !rows.IsEmpty() && r < rows.Rows(); ++r) {
         auto* item = new QListWidgetItem(
             ClassSplitLine(rows(clResults::ClassSplitsCol::ClassName, r).ToText(),
@@ -194,10 +189,10 @@ void frmSeries::OK() {
     if (Msg.empty() && ui->SelDiscards->currentIndex() < 0)
         Msg = "X-Please select a discard system";
     if (Msg.empty()) {
-        Msg = ResultsDb_.PutSeriesDetails(SeriesId_, ui->tName->text().toStdString(),
-                                          ui->tSubName->text().toStdString(),
-                                          ui->SelScoring->currentData().toInt(),
-                                          std::to_string(ui->SelDiscards->currentData().toInt()));
+        Msg = ResultsDb.PutSeriesDetails(SeriesId, ui->tName->text().toStdString(),
+                                         ui->tSubName->text().toStdString(),
+                                         ui->SelScoring->currentData().toInt(),
+                                         std::to_string(ui->SelDiscards->currentData().toInt()));
     }
     if (!Msg.empty()) {
         ShowMessage(Msg);
@@ -209,7 +204,7 @@ void frmSeries::OK() {
 }
 
 std::optional<bool> frmSeries::AskToSave() {
-    if (!Changed_)
+    if (!Changed)
         return std::nullopt;
     const bool yes = tb::AskYesNo("Do you want to save the changes?", "Tallyboard");
     if (yes)
@@ -238,15 +233,15 @@ void frmSeries::Cancel() {
 }
 
 void frmSeries::AddSeries() {
-    SeriesId_ = 0;
-    Scoring_ = 0;
-    Discards_ = 0;
+    SeriesId = 0;
+    ScoringId = 0;
+    DiscardId = 0;
     ui->tName->clear();
     ui->tSubName->clear();
-    filling_ = true;
+    Filling = true;
     ui->SelScoring->setCurrentIndex(-1);
     ui->SelDiscards->setCurrentIndex(-1);
-    filling_ = false;
+    Filling = false;
     ui->listSchedule->clear();
     ui->listClassSplits->clear();
     ui->tName->setFocus();
@@ -255,13 +250,13 @@ void frmSeries::AddSeries() {
 
 void frmSeries::RemoveSeries() {
     std::string Msg;
-    if (SeriesId_ <= 0) {
+    if (SeriesId <= 0) {
         Msg = "I-No series selected";
     } else if (ui->listSchedule->count() > 0 || ui->listClassSplits->count() > 0) {
         Msg = "I-Before removing a series, first remove any scheduled races and classes";
     } else if (tb::AskYesNo("Remove series " + ui->tName->text().toStdString() + "?",
                             "Tallyboard")) {
-        Msg = ResultsDb_.RemoveSeries(SeriesId_);
+        Msg = ResultsDb.RemoveSeries(SeriesId);
         if (Msg.empty())
             AddSeries();
     }
@@ -269,25 +264,37 @@ void frmSeries::RemoveSeries() {
 }
 
 void frmSeries::AddRace() {
-    if (SeriesId_ <= 0) {
+    if (SeriesId <= 0) {
         ShowMessage("I-No series selected");
         return;
     }
-    EditId_ = 0;
-    frmRaceDetail(*this).exec();
+    OpenRace(0);
 }
 
 void frmSeries::AddClass() {
-    if (SeriesId_ <= 0) {
+    if (SeriesId <= 0) {
         ShowMessage("I-No series selected");
         return;
     }
-    EditId_ = 0;
-    frmClassDetail(*this).exec();
+    OpenClass(0);
+}
+
+void frmSeries::OpenRace(int RaceId) {
+    frmRaceDetail window(ResultsDb, SeriesId, RaceId, this);
+    window.exec();
+    if (window.Saved())
+        ShowMessage(ShowSchedule());
+}
+
+void frmSeries::OpenClass(int ClassId) {
+    frmClassDetail window(ResultsDb, SeriesId, ClassId, this);
+    window.exec();
+    if (window.Saved())
+        ShowMessage(ShowClassSplits());
 }
 
 std::string frmSeries::CheckHighlighted(QListWidget* list, const std::string& noneSelected) const {
-    if (SeriesId_ <= 0)
+    if (SeriesId <= 0)
         return "I-No series selected";
     if (list->currentItem() == nullptr || !list->currentItem()->isSelected())
         return noneSelected;
@@ -300,8 +307,7 @@ void frmSeries::EditRace() {
         ShowMessage(Msg);
         return;
     }
-    EditId_ = ui->listSchedule->currentItem()->data(Qt::UserRole).toInt();
-    frmRaceDetail(*this).exec();
+    OpenRace(ui->listSchedule->currentItem()->data(Qt::UserRole).toInt());
 }
 
 void frmSeries::EditClass() {
@@ -310,8 +316,7 @@ void frmSeries::EditClass() {
         ShowMessage(Msg);
         return;
     }
-    EditId_ = ui->listClassSplits->currentItem()->data(Qt::UserRole).toInt();
-    frmClassDetail(*this).exec();
+    OpenClass(ui->listClassSplits->currentItem()->data(Qt::UserRole).toInt());
 }
 
 void frmSeries::RemoveRace() {
@@ -320,7 +325,7 @@ void frmSeries::RemoveRace() {
         const QListWidgetItem* line = ui->listSchedule->currentItem();
         const std::string name = line->text().mid(kRaceNameStart).toStdString();
         if (tb::AskYesNo("Remove race: " + name + "?", "Remove race from schedule")) {
-            Msg = ResultsDb_.RemoveSchedule(line->data(Qt::UserRole).toInt());
+            Msg = ResultsDb.RemoveSchedule(line->data(Qt::UserRole).toInt());
             if (Msg.empty())
                 ShowDetails();
         }
@@ -334,7 +339,7 @@ void frmSeries::RemoveClass() {
         const QListWidgetItem* line = ui->listClassSplits->currentItem();
         const std::string name = Trimmed(line->text().left(kClassNameWidth));
         if (tb::AskYesNo("Remove class: " + name + "?", "Remove class from series")) {
-            Msg = ResultsDb_.RemoveClass(line->data(Qt::UserRole).toInt());
+            Msg = ResultsDb.RemoveClass(line->data(Qt::UserRole).toInt());
             if (Msg.empty())
                 ShowDetails();
         }

@@ -17,21 +17,12 @@ namespace tb {
 class clResults;
 
 // The series editor: one series' titles and scoring, with its race schedule and classes. Races
-// and classes are edited in their own small windows, which read SeriesId and EditId from here
-// and refresh the lists through ShowSchedule and ShowClassSplits.
+// and classes are edited in their own small windows; the lists are read again when one saves.
 class frmSeries : public QDialog {
     Q_OBJECT
 public:
-    frmSeries(clResults& resultsDb, int seriesId, QWidget* parent = nullptr);
+    frmSeries(clResults& ResultsDb, int SeriesId, QWidget* parent = nullptr);
     ~frmSeries() override;
-
-    int SeriesId() const { return SeriesId_; }
-    // The race or class the detail window is to edit; 0 for a new one.
-    int EditId() const { return EditId_; }
-    clResults& ResultsDb() { return ResultsDb_; }
-
-    std::string ShowSchedule();
-    std::string ShowClassSplits();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -43,6 +34,8 @@ public slots:
 
 private:
     void ShowDetails();
+    std::string ShowSchedule();
+    std::string ShowClassSplits();
     void SetChanged(bool changed);
     void FillSystemList(QComboBox* list, bool scoring, int selectedId, std::string& Msg);
     // Yes or No when there were changes to ask about; nothing otherwise.
@@ -52,6 +45,8 @@ private:
     void Cancel();
     void AddSeries();
     void RemoveSeries();
+    void OpenRace(int RaceId);
+    void OpenClass(int ClassId);
     void AddRace();
     void EditRace();
     void RemoveRace();
@@ -62,13 +57,12 @@ private:
     std::string CheckHighlighted(QListWidget* list, const std::string& noneSelected) const;
 
     std::unique_ptr<Ui::frmSeries> ui;
-    clResults& ResultsDb_;
-    int SeriesId_ = 0;
-    int EditId_ = 0;
-    int Scoring_ = 0;
-    int Discards_ = 0;
-    bool Changed_ = false;
-    bool filling_ = false;
+    clResults& ResultsDb;
+    int SeriesId = 0;
+    int ScoringId = 0;
+    int DiscardId = 0;
+    bool Changed = false;
+    bool Filling = false;
 };
 
 }  // namespace tb

@@ -25,8 +25,6 @@ TEST(Transaction, InnerWorkIsAllOrNothingWithinTheCaller) {
                                 {"both fail", false, false, 0, 0}};
     for (const NestedCase& c : cases) {
         SCOPED_TRACE(c.name);
-        if (test::TestDatabase::OnServer())
-            GTEST_SKIP() << "holds a file's own connection";
         test::TestDatabase db;
         auto connection = OpenConnection(db.path());
         {

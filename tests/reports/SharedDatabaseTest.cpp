@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Globals.h"
 #include "reports/ReportFixture.h"
 #include "support/ChildProcess.h"
 
@@ -27,7 +28,10 @@ protected:
         season.EnterAll(race3);
         for (int classId : {class1, multihull, fleet, evening})
             season.Start(race3, classId);
-        UseMenu("[B]\nseries=,,,0,0\n");
+        std::string menu;
+        for (const char* kind : {"[E]", "[A]", "[C]", "[R]", "[S]", "[B]"})
+            menu += std::string(kind) + "\nseries=,,,0,0\n";
+        UseMenu(menu);
     }
 
     // What the start box does: each finish saved on its own, as they are typed.
@@ -61,6 +65,17 @@ TEST_F(SharedDatabaseTest, FinishesSavedWhileReportsAreMadeAreAllKept) {
     EXPECT_EQ(db.Count("Results", "Schedule = " + std::to_string(race3) +
                                       " AND Status = 9 AND FinishTime IS NOT NULL"),
               kFinishes + 0LL);
+
+    // The last report is the one the data alone gives, made on a copy of it in a file.
+    ASSERT_EQ(results.CreateReport(kCombined, 0, 0, race3, path), "");
+    const std::string last = WithoutReportTime(ReadFile(path));
+    const std::string copy = folder.path() + "/alone.db";
+    ASSERT_EQ(results.CopyDatabase(copy), "");
+    DataFile = copy;
+    clResults alone;
+    ASSERT_EQ(alone.ReadReportMenu(folder.path() + "/menu.ini"), "");
+    ASSERT_EQ(alone.CreateReport(kCombined, 0, 0, race3, path), "");
+    EXPECT_EQ(WithoutReportTime(ReadFile(path)), last);
 }
 
 }  // namespace

@@ -103,9 +103,10 @@ TEST_F(ScoringRulesTest, HandicapsChosenAndProblemsListed) {
     EXPECT_EQ(problems(1, 1).ToText(), "Boat C");
     EXPECT_EQ(problems(2, 1).AsInt(), 2);
     // Without a handicap: 9.999, so far behind; with two, the later one.
-    EXPECT_EQ(db.Text("SELECT group_concat(Handicap || '/' || CorrectedTime, ' ') FROM "
-                      "(SELECT * FROM Results WHERE Entrant IN (2, 3) ORDER BY Entrant)"),
-              "9.999/35996.4 0.9/3600.0");
+    EXPECT_EQ(db.Lines("SELECT Handicap, CorrectedTime FROM Results WHERE Entrant IN (2, 3) "
+                       "ORDER BY Entrant",
+                       "/"),
+              (std::vector<std::string>{"9.999/35996.4", "0.9/3600.0"}));
 }
 
 TEST_F(ScoringRulesTest, LaterRacesBringDidNotCompeteResultsForEveryEarlierRace) {
@@ -128,10 +129,10 @@ TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
     season.Exec("UPDATE Start SET StartTime=NULL");
     season.Finish(raceId, entrant[0], 3600);
     ASSERT_EQ(Score(), "");
-    EXPECT_EQ(db.Text("SELECT ElapsedTime || '/' || CorrectedTime || '/' || Points FROM Results "
-                      "WHERE Entrant=" +
-                      std::to_string(entrant[0])),
-              "0.0/0.0/0.0");
+    EXPECT_EQ(db.Lines("SELECT ElapsedTime, CorrectedTime, Points FROM Results WHERE Entrant=" +
+                           std::to_string(entrant[0]),
+                       "/"),
+              std::vector<std::string>{"0.0/0.0/0.0"});
 }
 
 TEST_F(ScoringRulesTest, MessagesWhenThereIsNothingToReport) {

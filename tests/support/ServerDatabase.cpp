@@ -93,27 +93,6 @@ std::string AsSqliteReal(const char* text) {
     return real;
 }
 
-// Rows with explicit Ids leave an identity's counter behind them; this moves every counter past
-// the highest Id, never back, as SQLite's own counters behave.
-constexpr const char* kCatchUpIdentities = R"sql(
-DO $$
-DECLARE
-    c record;
-    seq text;
-    top bigint;
-    used bigint;
-BEGIN
-    FOR c IN SELECT table_name, column_name FROM information_schema.columns
-             WHERE table_schema = current_schema() AND is_identity = 'YES' LOOP
-        seq := pg_get_serial_sequence(quote_ident(c.table_name), c.column_name);
-        EXECUTE format('SELECT max(%I) FROM %I', c.column_name, c.table_name) INTO top;
-        EXECUTE format('SELECT CASE WHEN is_called THEN last_value END FROM %s', seq) INTO used;
-        IF top IS NOT NULL THEN
-            PERFORM setval(seq, greatest(top, used));
-        END IF;
-    END LOOP;
-END $$)sql";
-
 bool GivesIds(const std::string& sql) {
     static const std::regex explicitId(R"(INSERT\s+INTO\s+\w+\s*\(\s*Id\b)", std::regex::icase);
     return std::regex_search(sql, explicitId);
@@ -135,31 +114,18 @@ PGconn* Maintenance() {
 void MakeTemplate(const std::string& name) {
     PGconn* server = Maintenance();
     Run(server, "SELECT pg_advisory_lock(22)");
-    try {
-        if (PQntuples(Run(server, "SELECT 1 FROM pg_database WHERE datname = ?", {name}).get()) ==
-            0) {
-            Run(server, "CREATE DATABASE " + name);
-            const std::string Msg = CreateDatabase(WithDatabase(TestServer(), name));
-            if (!Msg.empty()) {
-                Run(server, "DROP DATABASE " + name + " WITH (FORCE)");
-                throw std::runtime_error(Msg);
-            }
-            PGconn* made = Connect(WithDatabase(TestServer(), name));
-            try {
-                Run(made,
-                    "DELETE FROM HandicapType; ALTER TABLE HandicapType ALTER COLUMN Id "
-                    "RESTART WITH 1");
-            } catch (...) {
-                PQfinish(made);
-                throw;
-            }
-            PQfinish(made);
-        }
-    } catch (...) {
-        Run(server, "SELECT pg_advisory_unlock(22)");
-        throw;
+    struct Unlock {
+        PGconn* server;
+        ~Unlock() { Result(PQexec(server, "SELECT pg_advisory_unlock(22)")); }
+    } unlock{server};
+    if (PQntuples(Run(server, "SELECT 1 FROM pg_database WHERE datname = ?", {name}).get()) > 0)
+        return;
+    Run(server, "CREATE DATABASE " + name);
+    const std::string Msg = CreateDatabase(WithDatabase(TestServer(), name));
+    if (!Msg.empty()) {
+        Run(server, "DROP DATABASE " + name + " WITH (FORCE)");
+        throw std::runtime_error(Msg);
     }
-    Run(server, "SELECT pg_advisory_unlock(22)");
 }
 
 }  // namespace
@@ -186,6 +152,8 @@ ServerDatabase::ServerDatabase() {
     Run(Maintenance(), "CREATE DATABASE " + name_ + " TEMPLATE " + templateName);
     uri_ = WithDatabase(TestServer(), name_);
     connection_ = Connect(uri_);
+    // Tests arrange their own handicap types, numbered from 1.
+    Run(connection_, "DELETE FROM HandicapType; ALTER TABLE HandicapType ALTER COLUMN Id RESTART");
 }
 
 ServerDatabase::~ServerDatabase() {
@@ -193,16 +161,23 @@ ServerDatabase::~ServerDatabase() {
     Result(PQexec(Maintenance(), ("DROP DATABASE IF EXISTS " + name_ + " WITH (FORCE)").c_str()));
 }
 
+// Rows with explicit Ids leave an identity's counter behind them.
+void ServerDatabase::CatchUpIdentities(const std::string& sql) {
+    if (!GivesIds(sql))
+        return;
+    const std::string Msg = ResetIdentities(uri_);
+    if (!Msg.empty())
+        throw std::runtime_error(Msg);
+}
+
 void ServerDatabase::Exec(const std::string& sql) {
     Run(connection_, sql);
-    if (GivesIds(sql))
-        Run(connection_, kCatchUpIdentities);
+    CatchUpIdentities(sql);
 }
 
 int ServerDatabase::Insert(const std::string& sql, const std::vector<std::string>& texts) {
     const Result result = Run(connection_, sql + " RETURNING Id", texts);
-    if (GivesIds(sql))
-        Run(connection_, kCatchUpIdentities);
+    CatchUpIdentities(sql);
     return std::atoi(PQgetvalue(result.get(), 0, 0));
 }
 

@@ -16,7 +16,7 @@ std::string TestServer();
 std::string WithDatabase(const std::string& uri, const std::string& name);
 
 // A database of its own on the test server, copied from a template made once per build of the
-// tests (a new database from createdb, without its handicap type, as the file databases are),
+// tests (a new database from createdb), without its handicap type as the file databases are,
 // and dropped afterwards, whoever is still connected to it.
 class ServerDatabase {
 public:
@@ -34,6 +34,8 @@ public:
                                bool sqliteReals = true);
 
 private:
+    void CatchUpIdentities(const std::string& sql);
+
     std::string name_;
     std::string uri_;
     pg_conn* connection_ = nullptr;

@@ -139,12 +139,29 @@ std::vector<double> TestDatabase::Numbers(const std::string& sql,
     return numbers;
 }
 
-std::vector<std::string> TestDatabase::Lines(const std::string& sql) {
+std::map<std::string, std::string> TestDatabase::Format() {
+    constexpr const char* kFileFormat =
+        "SELECT name, (SELECT group_concat(name || ' ' || type, ', ') FROM (SELECT name, type "
+        "FROM pragma_table_info(m.name) ORDER BY cid)) FROM sqlite_master AS m WHERE type = "
+        "'table' AND name NOT LIKE 'sqlite_%'";
+    constexpr const char* kServerFormat =
+        "SELECT table_name, string_agg(column_name || ' ' || CASE udt_name WHEN 'int8' THEN "
+        "'INTEGER' WHEN 'citext' THEN 'TEXT' WHEN 'timestamp' THEN 'DATETIME' WHEN 'int2' THEN "
+        "'BOOLEAN' WHEN 'float8' THEN 'REAL' ELSE udt_name END, ', ' ORDER BY ordinal_position) "
+        "FROM information_schema.columns WHERE table_schema = current_schema() GROUP BY "
+        "table_name";
+    std::map<std::string, std::string> tables;
+    for (const TextRow& row : Query(server_ ? kServerFormat : kFileFormat, {}))
+        tables[row[0].value_or("")] = row[1].value_or("");
+    return tables;
+}
+
+std::vector<std::string> TestDatabase::Lines(const std::string& sql, const std::string& separator) {
     std::vector<std::string> lines;
     for (const TextRow& row : Query(sql, {})) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i)
-            line += (i == 0 ? "" : " | ") + row[i].value_or("-");
+            line += (i == 0 ? "" : separator) + row[i].value_or("-");
         lines.push_back(line);
     }
     return lines;

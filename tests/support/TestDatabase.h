@@ -2,6 +2,7 @@
 
 #include <SQLiteCpp/Database.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,8 +47,11 @@ public:
                                     const std::vector<std::string>& texts = {});
     // The first column of every row as exact numbers (0 for Null).
     std::vector<double> Numbers(const std::string& sql, const std::vector<std::string>& texts = {});
-    // Every row as its columns joined by " | ", Null as "-".
-    std::vector<std::string> Lines(const std::string& sql);
+    // Every row as its columns joined by the separator, Null as "-".
+    std::vector<std::string> Lines(const std::string& sql, const std::string& separator = " | ");
+    // Each table's columns in order, as "Name TYPE, Name TYPE, ...", by table name. On the
+    // server, names as it folds them, and each type by the name a file gives it.
+    std::map<std::string, std::string> Format();
     // The column telling where a row is stored: a row deleted and written again moves.
     const char* RowLocation() const { return server_ ? "ctid" : "rowid"; }
     // Whether an operation has stamped the data as changed, and forgetting that it did.

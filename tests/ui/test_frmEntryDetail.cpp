@@ -1,13 +1,8 @@
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
+// The entry editor: a boat's entry shown with its races and handicaps, a typed entry date that
+// is a date only, and nothing typed lost on the close box.
+
 #include <QtTest>
 
-#include "app/Globals.h"
-#include "data/Conversions.h"
 #include "support/WindowTesting.h"
 #include "ui/frmEntryDetail.h"
 
@@ -15,39 +10,9 @@ using namespace tb::test;
 
 namespace {
 
-constexpr int kKestrel = 1;
-constexpr int kAvocet = 2;
-
-// A June series: races on 10/06 and 24/06 in the main series only, 17/06 and 01/07 also in the
-// sub-series; one IRC class; Avocet (Bob Smith's, IRC 0.950 from 15/06/02) is entered in 10/06
-// and 24/06; Kestrel (Ann O'Hara's) is not entered.
-struct JuneEvenings : Club {
-    JuneEvenings() {
-        db.Exec(R"sql(
-INSERT INTO HandicapType (Description) VALUES ('IRC');
-INSERT INTO People (Firstname, Lastname) VALUES ('Ann', 'O''Hara'), ('Bob', 'Smith');
-INSERT INTO Boat (BoatName, FullSailNo, Owner) VALUES ('Kestrel', 'GBR 1234', 1),
-    ('Avocet', 'IRL 7', 2);
-INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES
-    (2, 1, 0.95, '2002-06-15 00:00:00');
-INSERT INTO Series (Title, SubseriesTitle, Scoring, Discards) VALUES
-    ('June Evenings', 'Wednesdays', 1, 1);
-INSERT INTO Schedule (Series, RaceName, RaceDate, InSubSeries) VALUES
-    (1, 'Race 1', '2002-06-10 00:00:00', 0), (1, 'Race 2', '2002-06-17 00:00:00', 1),
-    (1, 'Race 3', '2002-06-24 00:00:00', 0), (1, 'Race 4', '2002-07-01 00:00:00', 1);
-INSERT INTO Class (Series, ClassName, HandicapType, MinTCF) VALUES (1, 'Class 1', 1, NULL);
-INSERT INTO Entrant (Series, Boat, Class, EntrantType, Entrant, EntryDate) VALUES
-    (1, 2, 1, 3, 2, '2002-06-01 00:00:00');
-INSERT INTO EntryList (Entrant, Schedule) VALUES (1, 1), (1, 3);
-)sql");
-    }
-};
-
-// The entry editor open on the June series.
-struct Entries : JuneEvenings {
-    Entries() { ShowActive(window); }
-    tb::frmEntryDetail window{results, 1};
-    Controls c{&window};
+// The entry editor open on the June series of june-evenings.sql.
+struct Entries : Club {
+    Entries() { db.Exec(DataText("june-evenings.sql")); }
 };
 
 }  // namespace
@@ -56,38 +21,36 @@ class TestEntryEditor : public QObject {
     Q_OBJECT
 private slots:
     void opensOnTheFirstEnteredBoatWithItsRacesAndHandicaps() {
-        Entries e;
-        QCOMPARE(Items(e.c.Get<QComboBox>("SelEntry")),
-                 QStringList{QString("Avocet").leftJustified(34) + "IRL 7"});
-        QCOMPARE(e.c.Current("SelEntrant"), QString("Smith, Bob"));
-        QCOMPARE(e.c.Text("tEntryDate"), QString("01/06/2002"));
-        QCOMPARE(Lines(e.c.Get<QListWidget>("listSchedule")).mid(0, 3),
-                 QStringList({" 10/06/02 " + QString("Race 1").leftJustified(29) + "  **",
-                              "*17/06/02 " + QString("Race 2").leftJustified(29),
-                              " 24/06/02 " + QString("Race 3").leftJustified(29) + "0.950"}));
-        QVERIFY(e.messages.shown.empty());
+        Entries club;
+        Opened<tb::frmEntryDetail> c(club.results, 1);
+        QCOMPARE(c.Current("SelEntrant"), QString("Smith, Bob"));
+        QCOMPARE(c.Text("tEntryDate"), QString("01/06/2002"));
+        QCOMPARE(Items(c.Get<QComboBox>("SelEntry")) +
+                     Lines(c.Get<QListWidget>("listSchedule")).mid(0, 3),
+                 DataLines("entry-lines.txt"));
+        QVERIFY(club.messages.shown.empty());
     }
 
     void anEntryDateWithATimeIsRefusedAndTheCloseBoxOffersToSave() {
-        Entries e;
-        e.c.Type("tEntryDate", "02/06/2002 10:00");
-        e.c.Press("cmdOK");
-        QCOMPARE(Shown(e.messages), QStringList{"E-Please specify a valid entry date"});
-        e.c.Type("tEntryDate", "02/06/2002");
-        e.messages.answers = {true};
-        e.window.close();
-        QCOMPARE(e.messages.questions, Texts{"Do you want to save the changes?"});
-        QCOMPARE(e.db.Text("SELECT EntryDate FROM Entrant"), std::string("2002-06-02 00:00:00"));
-        QVERIFY(!e.window.isVisible());
+        Entries club;
+        Opened<tb::frmEntryDetail> c(club.results, 1);
+        c.Type("tEntryDate", "02/06/2002 10:00");
+        c.Press("cmdOK");
+        QCOMPARE(Shown(club.messages), QStringList{"E-Please specify a valid entry date"});
+        c.Type("tEntryDate", "02/06/2002");
+        club.messages.answers = {true};
+        c.w.close();
+        QCOMPARE(club.messages.questions, Texts{"Do you want to save the changes?"});
+        QCOMPARE(club.db.Text("SELECT EntryDate FROM Entrant"), std::string("2002-06-02 00:00:00"));
+        QVERIFY(!c.w.isVisible());
     }
 
     void editDetailsWithoutABoatSaysSoAndOpensNothing() {
-        JuneEvenings club;
+        Entries club;
         club.db.Exec("DELETE FROM Entrant");
-        tb::frmEntryDetail window{club.results, 1};
-        ShowActive(window);
+        Opened<tb::frmEntryDetail> c(club.results, 1);
         const NextModal editor;
-        Press(Find<QWidget>(&window, "cmdEdit"));
+        c.Press("cmdEdit");
         QCOMPARE(Shown(club.messages), QStringList{"E-No boat is selected"});
         SettleEvents();
         QCOMPARE(editor.name, QString());

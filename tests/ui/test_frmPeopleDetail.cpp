@@ -3,9 +3,8 @@
 
 #include <QCheckBox>
 #include <QtTest>
-#include <memory>
 
-#include "support/RegisterFixtures.h"
+#include "support/WindowTesting.h"
 #include "ui/frmPeopleDetail.h"
 
 using namespace tb;
@@ -14,64 +13,49 @@ using namespace tb::test;
 class PeopleEditorTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<Register> r;
-    std::unique_ptr<frmPeopleDetail> w;
-    Controls c{nullptr};
-
-    void Open() {
-        w = std::make_unique<frmPeopleDetail>(r->results, 0);
-        c.window = w.get();
-        ShowActive(*w);
-    }
-    void Search(const QString& typed) {
+    static void Search(const Controls& c, const QString& typed) {
         c.Type("SelPerson", typed);
         Enter();
     }
 
 private slots:
-    void init() { r = std::make_unique<Register>(); }
-    void cleanup() {
-        w.reset();
-        r.reset();
-    }
-
     void everyFieldIsSavedInItsOwnColumnAndShownAgain() {
-        const std::pair<const char*, const char*> fields[] = {
-            {"tTitle", "Title"},       {"tForename", "Firstname"}, {"tSurname", "Lastname"},
-            {"tAddr1", "Address1"},    {"tAddr2", "Address2"},     {"tCity", "City"},
-            {"tPostcode", "Postcode"}, {"tCountry", "Country"},    {"tEvening", "TelNo"},
-            {"tFax", "FaxNo"},         {"tDay", "DayTelNo"},       {"tMobile", "MobileNo"},
-            {"tEmail", "EmailAddress"}};
-        Open();
-        QVERIFY(c.Get<QCheckBox>("cMember")->isChecked());
-        for (const auto& [field, column] : fields)
-            c.Type(field, column);
-        c.Press("cMember");
-        c.Press("cmdOK");
-        Open();
-        Search("Firstname");
-        QCOMPARE(r->db.Text("SELECT ClubMember FROM People WHERE Id = 1"), std::string("0"));
+        const QStringList fields = DataLines("people-fields.tsv");
+        Register r;
+        {
+            Opened<frmPeopleDetail> c(r.results, 0);
+            QVERIFY(c.Get<QCheckBox>("cMember")->isChecked());
+            for (const QString& field : fields)
+                c.Type(field.section('\t', 0, 0).toLatin1(), field.section('\t', 1));
+            c.Press("cMember");
+            c.Press("cmdOK");
+        }
+        Opened<frmPeopleDetail> c(r.results, 0);
+        Search(c, "Firstname");
+        QCOMPARE(r.db.Text("SELECT ClubMember FROM People WHERE Id = 1"), std::string("0"));
         QVERIFY(!c.Get<QCheckBox>("cMember")->isChecked());
-        for (const auto& [field, column] : fields) {
-            QCOMPARE(r->db.Text(std::string("SELECT ") + column + " FROM People WHERE Id = 1"),
-                     std::string(column));
-            QCOMPARE(c.Text(field), QString(column));
+        for (const QString& field : fields) {
+            const QString column = field.section('\t', 1);
+            QCOMPARE(r.db.Text("SELECT " + column.toStdString() + " FROM People WHERE Id = 1"),
+                     column.toStdString());
+            QCOMPARE(c.Text(field.section('\t', 0, 0).toLatin1()), column);
         }
     }
 
     void namesAreRequiredAndEnterFindsByTheFamilyName() {
-        Open();
-        Search("smithe");
+        Register r;
+        Opened<frmPeopleDetail> c(r.results, 0);
+        Search(c, "smithe");
         QCOMPARE(c.Current("SelPerson"), QString("Smithers, Jim"));
         QCOMPARE(c.Text("tCity"), QString("Cowes"));
-        Search("xyz");
+        Search(c, "xyz");
         QCOMPARE(c.Label("lInfo"), QString("The name starting with xyz was not found"));
-        QCOMPARE(r->messages.beeps, 1);
+        QCOMPARE(r.messages.beeps, 1);
         c.Press("cmdAdd");
         c.Type("tForename", "Kate");
         c.Press("cmdOK");
         QCOMPARE(Focused()->objectName(), QString("tSurname"));
-        QCOMPARE(Shown(r->messages), QStringList{"E-Please specify the surname of the person"});
+        QCOMPARE(Shown(r.messages), QStringList{"E-Please specify the surname of the person"});
     }
 };
 

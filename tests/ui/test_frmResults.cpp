@@ -1,50 +1,39 @@
 // The results window typed as a race officer types a finish sheet: keys go only to the control
 // that has the keyboard, the boat by sail number or name and Enter, the time and Enter.
 
-#include <QFile>
 #include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
 
 #include "data/clResults.h"
-#include "support/RaceDay.h"
 #include "support/WindowTesting.h"
 #include "ui/frmResults.h"
 
-using tb::test::Enter;
-using tb::test::Find;
-using tb::test::Focused;
-using tb::test::Keys;
-using tb::test::RaceDay;
-using tb::test::Row;
+using namespace tb::test;
 
 namespace {
 
-struct Window {
+struct Window : Controls {
     RaceDay day;
     tb::clResults results;
-    tb::test::RecordingMessages messages;
-    std::unique_ptr<tb::frmResults> window;
+    RecordingMessages messages;
+    std::unique_ptr<tb::frmResults> form;
     int alpha = day.AddBoat("Alpha", "GBR 1234", 1234, RaceDay::kClass1);
     int bravo = day.AddBoat("Bravo", "GBR 567", 567, RaceDay::kClass1);
     int charlie = day.AddBoat("Charlie", "IRL 99", 99, RaceDay::kClass2);
 
     // Class 1 starts at 14:00; class 2 has not started.
-    Window() { day.Start(RaceDay::kClass1, "1400"); }
+    Window() : Controls{nullptr} { day.Start(RaceDay::kClass1, "1400"); }
     void Open() {
-        window = std::make_unique<tb::frmResults>(results, RaceDay::kSeries, RaceDay::kRace);
-        tb::test::ShowActive(*window);
+        form = std::make_unique<tb::frmResults>(results, RaceDay::kSeries, RaceDay::kRace);
+        window = form.get();
+        ShowActive(*form);
     }
-    template <typename T = QWidget>
-    T* Get(const char* name) {
-        return Find<T>(window.get(), name);
-    }
-    QString Info() { return Get<QLabel>("lInfo")->text(); }
+    QString Info() const { return Label("lInfo"); }
     // Types into the boat box, which has the keyboard after a save, and presses Enter.
     void FindBoat(const QString& typed) {
-        tb::test::Type(Get("SelEntry"), typed);
+        Type("SelEntry", typed);
         Enter();
     }
     std::string Stored(int entrant, const std::string& column = "FinishTime") {
@@ -52,25 +41,6 @@ struct Window {
                            std::to_string(entrant));
     }
 };
-
-struct FinishDay {
-    QString option, date, stored;
-};
-
-struct Refusal {
-    QString boat, status, option, date, time, message, focus;
-};
-
-QStringList ExpectedLines(const QString& name) {
-    QFile file(QStringLiteral(TALLYBOARD_UI_TEST_DATA "/") + name);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        qFatal("cannot read %s", qPrintable(name));
-    QStringList lines;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts))
-        if (!line.startsWith('#'))
-            lines << line;
-    return lines;
-}
 
 }  // namespace
 
@@ -85,11 +55,11 @@ private slots:
             day.AddBoat("Boat " + std::to_string(i), "GBR " + std::to_string(100 + i), 100 + i,
                         RaceDay::kClass1);
         day.AddBoat("Sea Breeze", "GBR 201", 201, RaceDay::kClass1);
-        const int spray = day.AddBoat("Sea Spray", "GBR 202", 202, RaceDay::kClass1);
+        day.AddBoat("Sea Spray", "GBR 202", 202, RaceDay::kClass1);
         tb::clResults results;
-        tb::test::RecordingMessages messages;
+        RecordingMessages messages;
         tb::frmResults window(results, RaceDay::kSeries, RaceDay::kRace);
-        tb::test::ShowActive(window);
+        ShowActive(window);
         const auto info = [&] { return Find<QLabel>(&window, "lInfo")->text(); };
         const auto finish = [&](const QString& boat, const QString& time) {
             Keys(boat);
@@ -99,32 +69,23 @@ private slots:
             Enter();
             QCOMPARE(info(), QString("Result saved"));
         };
-        // From the sheet: Boat 20 first at 15:00:00, then one boat every 30 s; after the first
-        // the hour is offered, so only minutes and seconds are typed.
-        for (int place = 0; place < 20; ++place) {
-            const QString mmss = QString("%1%2")
-                                     .arg(place / 2, 2, 10, QChar('0'))
-                                     .arg(place % 2 * 30, 2, 10, QChar('0'));
-            finish(QString::number(120 - place), place == 0 ? "15" + mmss : mmss);
-        }
+        for (const QString& line : DataLines("race-night-sheet.tsv"))
+            finish(line.section('\t', 0, 0), line.section('\t', 1));
         // "Sea" is the start of two names: the picker offers both, the second is taken.
         int offered = 0;
-        const tb::test::NextModal picker([&](QDialog& dialog) {
+        const NextModal picker([&](QDialog& dialog) {
             offered = Find<QListWidget>(&dialog, "SelBoat")->count();
-            tb::test::Key(Qt::Key_Down);
+            Key(Qt::Key_Down);
             Enter();
         });
         Keys("Sea");
         Enter();
         QCOMPARE(offered, 2);
-        tb::test::ShowActive(window);  // as the window manager gives the opener the keyboard back
+        ShowActive(window);  // as the window manager gives the opener the keyboard back
         QCOMPARE(Focused()->objectName(), QString("tTime"));
         Keys("1100");
         Enter();
         QCOMPARE(info(), QString("Result saved"));
-        QCOMPARE(
-            day.db.Text("SELECT FinishTime FROM Results WHERE Entrant=" + std::to_string(spray)),
-            std::string("2005-06-12 15:11:00"));
         // A boat that did not finish: Enter past the offered hour, the status, Enter.
         Keys("201");
         Enter();
@@ -151,29 +112,26 @@ private slots:
         for (std::size_t r = 0; r < rows.Rows(); ++r)
             places << QString::number(rows(9, r).AsDouble()) + " " +
                           QString::fromStdString(rows(2, r).ToText());
-        QCOMPARE(places, ExpectedLines("race-night-places.txt"));
+        QCOMPARE(places, DataLines("race-night-places.txt"));
     }
 
-    void aFinishIsStoredOnTheDayItsOptionNames_data() {
-        QTest::addColumn<FinishDay>("finish");
-        Row("start day", FinishDay{"rFinish_0", "", "2005-06-12 14:35:12"});
-        Row("next day", FinishDay{"rFinish_1", "", "2005-06-13 14:35:12"});
-        Row("another date", FinishDay{"rFinish_2", "14 Jun 2005", "2005-06-14 14:35:12"});
-    }
+    void aFinishIsStoredOnTheDayItsOptionNames_data() { CasesFrom("results-finish-days.tsv"); }
     void aFinishIsStoredOnTheDayItsOptionNames() {
-        QFETCH(FinishDay, finish);
-        const auto& [option, date, stored] = finish;
+        const QStringList finish = Case();
+        const QString &option = finish[0], &date = finish[1], &status = finish[2];
         Window w;
         w.Open();
         w.FindBoat("1234");
-        tb::test::Press(w.Get(option.toLatin1()));
+        if (!status.isEmpty())
+            Choose(w.Get<QComboBox>("SelStatus"), status);
+        Press(w.Get(option.toLatin1()));
         QCOMPARE(w.Get("tDate")->isVisible(), !date.isEmpty());
         if (!date.isEmpty())
-            tb::test::Type(w.Get("tDate"), date);
-        tb::test::Type(w.Get("tTime"), "143512");
+            Type(w.Get("tDate"), date);
+        Type(w.Get("tTime"), "143512");
         Enter();
-        QCOMPARE(w.Stored(w.alpha), stored.toStdString());
-        QCOMPARE(w.Stored(w.alpha, "Status"), std::string("9"));  // chosen by the typed time
+        QCOMPARE(w.Stored(w.alpha), finish[3].toStdString());
+        QCOMPARE(w.Stored(w.alpha, "Status"), finish[4].toStdString());
         QCOMPARE(w.Info(), QString("Result saved"));
         QCOMPARE(Focused(), w.Get("SelEntry"));
         // Shown again, the finish picks its option and its time is ready to be typed over.
@@ -185,68 +143,36 @@ private slots:
         QCOMPARE(w.Get<QLineEdit>("tTime")->selectedText(), QString("143512"));
     }
 
-    void refusesWhatCannotBeSaved_data() {
-        QTest::addColumn<Refusal>("refusal");
-        const QString ok = "OK - Finished", invalid = "Finish time is invalid";
-        const QString early = "Finish time must be after start time";
-        Row("hour 24", Refusal{"Alpha", ok, "", "", "246000", invalid, "tTime"});
-        Row("five digits", Refusal{"Alpha", ok, "", "", "12345", invalid, "tTime"});
-        Row("a letter", Refusal{"Alpha", ok, "", "", "12a456", invalid, "tTime"});
-        Row("before the start", Refusal{"Alpha", ok, "", "", "000000", early, "tTime"});
-        Row("at the start", Refusal{"Alpha", ok, "", "", "140000", early, "tTime"});
-        Row("no status",
-            Refusal{"Alpha", "", "", "", "", "Please select the finish status", "SelStatus"});
-        Row("no date", Refusal{"Alpha", ok, "rFinish_2", "31 Feb 2005", "143512",
-                               "Finish date is invalid", "tDate"});
-        Row("class not started", Refusal{"Charlie", "", "", "", "143512",
-                                         "Please enter the start time for Class 2", "cStart"});
-    }
+    void refusesWhatCannotBeSaved_data() { CasesFrom("results-refusals.tsv"); }
     void refusesWhatCannotBeSaved() {
-        QFETCH(Refusal, refusal);
-        const auto& [boat, status, option, date, time, message, focus] = refusal;
+        const QStringList refusal = Case();
+        const QString &boat = refusal[0], &status = refusal[1], &option = refusal[2];
+        const QString &date = refusal[3], &time = refusal[4], &message = refusal[5];
         Window w;
         w.Open();
         w.FindBoat(boat);
         if (!status.isEmpty())
-            tb::test::Choose(w.Get<QComboBox>("SelStatus"), status);
+            Choose(w.Get<QComboBox>("SelStatus"), status);
         if (!option.isEmpty()) {
-            tb::test::Press(w.Get(option.toLatin1()));
-            tb::test::Type(w.Get("tDate"), date);
+            Press(w.Get(option.toLatin1()));
+            Type(w.Get("tDate"), date);
         }
-        tb::test::Type(w.Get("tTime"), time);
-        tb::test::Press(w.Get("cmdOK"));
+        Type(w.Get("tTime"), time);
+        Press(w.Get("cmdOK"));
         QCOMPARE(w.Info(), message);
         QCOMPARE(w.messages.beeps, 1);
-        QCOMPARE(Focused()->objectName(), focus);
+        QCOMPARE(Focused()->objectName(), refusal[6]);
         QCOMPARE(w.day.db.Count("Results"), 0LL);
-    }
-
-    void aTypedTimeChoosesFinishedOnlyOverNoStatusOrTheSecond() {
-        const std::pair<QString, std::string> cases[] = {
-            {"", "9"},
-            {"DNC - Did not come to the starting area", "9"},
-            {"DNF - Did not finish", "4"}};
-        for (const auto& [chosen, stored] : cases) {
-            const tb::test::CaseTrace trace(chosen);
-            Window w;
-            w.Open();
-            w.FindBoat("Alpha");
-            if (!chosen.isEmpty())
-                tb::test::Choose(w.Get<QComboBox>("SelStatus"), chosen);
-            tb::test::Type(w.Get("tTime"), "143512");
-            Enter();
-            QCOMPARE(w.Stored(w.alpha, "Status"), stored);
-        }
     }
 
     void pickingTheShownBoatAgainAfterEditingItsTextBringsItsFieldsBack() {
         Window w;
         w.Open();
         w.FindBoat("Alpha");
-        tb::test::FocusOn(w.Get("SelEntry"));
+        FocusOn(w.Get("SelEntry"));
         Keys("x");
         QVERIFY(!w.Get("tTime")->isEnabled());
-        tb::test::Key(Qt::Key_F4);
+        Key(Qt::Key_F4);
         Enter();
         QVERIFY(w.Get("tTime")->isEnabled());
     }
@@ -270,48 +196,51 @@ private slots:
         QCOMPARE(w.Stored(w.bravo, "Status"), std::string("5"));
     }
 
+    void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow_data() {
+        QTest::addColumn<bool>("closing");
+        QTest::newRow("finding another boat") << false;
+        QTest::newRow("closing") << true;
+    }
     void aChangeThatCannotBeSavedKeepsTheBoatAndTheWindow() {
-        for (const bool closing : {false, true}) {
-            const tb::test::CaseTrace trace(closing ? "closing" : "finding another boat");
-            Window w;
-            w.Open();
-            w.FindBoat("Alpha");
-            Keys("999999");
-            w.messages.answers = {true};
-            if (closing)
-                tb::test::Key(Qt::Key_Escape);
-            else
-                w.FindBoat("Bravo");
-            QCOMPARE(w.Info(), QString("Finish time is invalid"));
-            QVERIFY(w.window->isVisible());
-            QCOMPARE(w.Get<QComboBox>("SelEntry")->currentData().toInt(), w.alpha);
-            // Escape, answering not to save, leaves without a trace.
-            w.messages.answers = {false};
-            tb::test::Key(Qt::Key_Escape);
-            QVERIFY(!w.window->isVisible());
-            QCOMPARE(w.day.db.Count("Results"), 0LL);
-        }
+        QFETCH(bool, closing);
+        Window w;
+        w.Open();
+        w.FindBoat("Alpha");
+        Keys("999999");
+        w.messages.answers = {true};
+        if (closing)
+            Key(Qt::Key_Escape);
+        else
+            w.FindBoat("Bravo");
+        QCOMPARE(w.Info(), QString("Finish time is invalid"));
+        QVERIFY(w.form->isVisible());
+        QCOMPARE(w.Get<QComboBox>("SelEntry")->currentData().toInt(), w.alpha);
+        // Escape, answering not to save, leaves without a trace.
+        w.messages.answers = {false};
+        Key(Qt::Key_Escape);
+        QVERIFY(!w.form->isVisible());
+        QCOMPARE(w.day.db.Count("Results"), 0LL);
     }
 
     void startsComeFirstAndAFailureToReadThemLeavesNothingToSave() {
         Window w;
         w.day.db.Exec("DELETE FROM Start");
-        const tb::test::NextModal startTimes([](QDialog&) {
+        const NextModal startTimes([](QDialog&) {
             Keys("1400");
             Enter();
             Enter();
         });
-        w.window = std::make_unique<tb::frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
-        w.window->show();
+        w.form = std::make_unique<tb::frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
+        w.form->show();
         QTRY_COMPARE(startTimes.name, QString("frmStartTimes"));
-        tb::test::ShowActive(*w.window);
+        ShowActive(*w.form);
         QCOMPARE(w.day.db.Text("SELECT StartTime FROM Start WHERE Class=1"),
                  std::string("2005-06-12 14:00:00"));
 
         Window broken;
         broken.day.db.Exec("DROP TABLE Start");
         broken.Open();
-        QVERIFY(tb::test::LastShown(broken.messages).startsWith("Error "));
+        QVERIFY(Shown(broken.messages).join("").startsWith("C-Error "));
         QVERIFY(!broken.Get("cStart")->isEnabled());
         QVERIFY(!broken.Get("cmdOK")->isEnabled());
     }

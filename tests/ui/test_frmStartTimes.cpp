@@ -5,7 +5,6 @@
 #include <QtTest>
 
 #include "data/clResults.h"
-#include "support/RaceDay.h"
 #include "support/WindowTesting.h"
 #include "ui/frmStartTimes.h"
 
@@ -18,11 +17,9 @@ class StartTimesWindowTest : public QObject {
         RaceDay day;
         tb::clResults results;
         RecordingMessages messages;
-        tb::frmStartTimes window{results, RaceDay::kSeries, RaceDay::kRace};
-        Controls c{&window};
-        Window() { ShowActive(window); }
+        Opened<tb::frmStartTimes> c{results, RaceDay::kSeries, RaceDay::kRace};
         void EnterTime(const QString& hhmm) {
-            Type(c.Get<QWidget>("tTime"), hhmm);
+            c.Type("tTime", hhmm);
             Enter();
             Enter();
         }
@@ -55,12 +52,12 @@ private slots:
     void closingWithATypedStartOffersToSaveIt() {
         for (const bool save : {true, false}) {
             Window w;
-            Type(w.c.Get<QWidget>("tTime"), "1405");
+            w.c.Type("tTime", "1405");
             w.messages.answers = {save};
             w.c.Press("cmdCancel");
             QCOMPARE(w.messages.questions,
                      std::vector<std::string>{"Do you want to save the changes?"});
-            QVERIFY(!w.window.isVisible());
+            QVERIFY(!w.c.w.isVisible());
             QCOMPARE(w.Stored(RaceDay::kClass1), save ? "2005-06-12 14:05:00" : "");
         }
     }

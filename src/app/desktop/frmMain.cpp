@@ -8,6 +8,7 @@
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/clResults.h"
+#include "ui/EditorControls.h"
 #include "ui/HelpFile.h"
 #include "ui/StartupSettings.h"
 #include "ui/frmBoatDetail.h"
@@ -31,17 +32,6 @@ int ItemId(const QComboBox* list) {
     return list->currentIndex() < 0 ? 0 : list->currentData().toInt();
 }
 
-// Runs a fill procedure of the window under its error location.
-template <typename Fill>
-std::string Trapped(const char* location, Fill fill) {
-    try {
-        return ErrorText(fill(), location);
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        return ErrorText({}, location, &pending);
-    }
-}
-
 // Selects the item from the program as a user would: the list's change handling runs. The list
 // was filled with its signals blocked, so nothing is selected yet.
 void SelectAsUser(QComboBox* list, int index) {
@@ -56,38 +46,48 @@ void SelectAsUser(QComboBox* list, int index) {
 }  // namespace
 
 frmMain::frmMain(ReportViewer& viewer, QWidget* parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()), viewer(viewer) {
+    : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()), Viewer(viewer) {
     ui->setupUi(this);
     SetHelpOnActivation(this, "Tallyboard help");
-    connect(ui->SelYear, &QComboBox::currentIndexChanged, this, &frmMain::SelYear_Click);
-    connect(ui->SelSeries, &QComboBox::currentIndexChanged, this, &frmMain::SelSeries_Click);
-    connect(ui->SelRace, &QComboBox::currentIndexChanged, this, &frmMain::SelRace_Click);
-    connect(ui->cmdSeries, &QPushButton::clicked, this, &frmMain::cmdSeries_Click);
-    connect(ui->cmdEntries, &QPushButton::clicked, this, &frmMain::cmdEntries_Click);
-    connect(ui->cmdResults, &QPushButton::clicked, this, &frmMain::cmdResults_Click);
-    connect(ui->cmdReports, &QPushButton::clicked, this, &frmMain::cmdReports_Click);
-    connect(ui->cmdBoats, &QPushButton::clicked, this, &frmMain::cmdBoats_Click);
-    connect(ui->cmdPeople, &QPushButton::clicked, this, &frmMain::cmdPeople_Click);
-    connect(ui->cmdScoring, &QPushButton::clicked, this, &frmMain::cmdScoring_Click);
-    connect(ui->cmdSettings, &QPushButton::clicked, this, &frmMain::cmdSettings_Click);
-    connect(ui->cmdExchange, &QPushButton::clicked, this, &frmMain::cmdExchange_Click);
-    Load();
+    const auto trapped = [this](const char* location, std::string (frmMain::*procedure)()) {
+        return [this, location, procedure] {
+            RunTrapped(location, [this, procedure] { return (this->*procedure)(); });
+        };
+    };
+    connect(ui->SelYear, &QComboBox::currentIndexChanged, this,
+            trapped("Main.SelYear", &frmMain::SelYear_Click));
+    connect(ui->SelSeries, &QComboBox::currentIndexChanged, this,
+            trapped("Main.SelSeries", &frmMain::SelSeries_Click));
+    connect(ui->SelRace, &QComboBox::currentIndexChanged, this,
+            trapped("Main.SelRace", &frmMain::SelRace_Click));
+    connect(ui->cmdSeries, &QPushButton::clicked, this,
+            trapped("Main.cmdSeries", &frmMain::cmdSeries_Click));
+    connect(ui->cmdEntries, &QPushButton::clicked, this,
+            trapped("Main.cmdEntries", &frmMain::cmdEntries_Click));
+    connect(ui->cmdResults, &QPushButton::clicked, this,
+            trapped("Main.cmdResults", &frmMain::cmdResults_Click));
+    connect(ui->cmdReports, &QPushButton::clicked, this,
+            trapped("Main.cmdReports", &frmMain::cmdReports_Click));
+    connect(ui->cmdBoats, &QPushButton::clicked, this,
+            trapped("Main.cmdBoats", &frmMain::cmdBoats_Click));
+    connect(ui->cmdPeople, &QPushButton::clicked, this,
+            trapped("Main.cmdPeople", &frmMain::cmdPeople_Click));
+    connect(ui->cmdScoring, &QPushButton::clicked, this,
+            trapped("Main.cmdScoring", &frmMain::cmdScoring_Click));
+    connect(ui->cmdSettings, &QPushButton::clicked, this,
+            trapped("Main.cmdSettings", &frmMain::cmdSettings_Click));
+    connect(ui->cmdExchange, &QPushButton::clicked, this,
+            trapped("Main.cmdExchange", &frmMain::cmdExchange_Click));
+    RunTrapped("Main.Load", [this] {
+        ResultsDb = std::make_unique<clResults>();
+        return LoadStartupPaths();
+    });
 }
 
 // Terminate: the connection is closed with any error ignored, then the one clResults released.
 frmMain::~frmMain() {
     if (ResultsDb)
         ResultsDb->CloseConnection();
-}
-
-void frmMain::Load() {
-    try {
-        ResultsDb = std::make_unique<clResults>();
-        ShowMessage(LoadStartupPaths());
-    } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        ShowMessage(ErrorText({}, "Main.Load", &pending));
-    }
 }
 
 int frmMain::CurrentSeriesId() const {
@@ -100,8 +100,8 @@ int frmMain::CurrentRaceId() const {
 
 void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    if (!activatedOnce) {
-        activatedOnce = true;
+    if (!ActivatedOnce) {
+        ActivatedOnce = true;
         // After the window is on screen, so that a message appears over it.
         QTimer::singleShot(0, this, &frmMain::Activate);
     }
@@ -122,7 +122,7 @@ void frmMain::Activate() {
 }
 
 std::string frmMain::GetYear() {
-    return Trapped("Main.GetYear", [this] {
+    return Trap("Main.GetYear", [this] {
         RowSet Years;
         std::string CurrentYear;
         const std::string Msg = ResultsDb->GetCurrentYear(Years, CurrentYear);
@@ -146,7 +146,7 @@ std::string frmMain::GetYear() {
 }
 
 std::string frmMain::GetSeries() {
-    return Trapped("Main.GetSeries", [this] {
+    return Trap("Main.GetSeries", [this] {
         const std::string Year = ui->SelYear->currentIndex() < 0
                                      ? std::string()
                                      : ui->SelYear->currentText().toStdString();
@@ -176,7 +176,7 @@ std::string frmMain::GetSeries() {
 }
 
 std::string frmMain::GetSchedule() {
-    return Trapped("GetSchedule", [this] {
+    return Trap("GetSchedule", [this] {
         {
             const QSignalBlocker quiet(ui->SelRace);
             ui->SelRace->clear();
@@ -229,92 +229,93 @@ std::string frmMain::CheckRaceSelection() {
     return Msg;
 }
 
-void frmMain::SelYear_Click() {
+std::string frmMain::SelYear_Click() {
     std::string Msg = GetSeries();
     if (Msg.empty())
         Msg = ResultsDb->PutSetting("LastSeriesYr", ui->SelYear->currentText().toStdString());
-    ShowMessage(Msg);
+    return Msg;
 }
 
-void frmMain::SelSeries_Click() {
+std::string frmMain::SelSeries_Click() {
     std::string Msg = GetSchedule();
     if (Msg.empty() && ui->SelSeries->currentIndex() >= 0)
         Msg = ResultsDb->PutSetting("LastSeries", std::to_string(CurrentSeriesId()));
-    ShowMessage(Msg);
+    return Msg;
 }
 
-void frmMain::SelRace_Click() {
+std::string frmMain::SelRace_Click() {
     if (ui->SelRace->currentIndex() < 0)
-        return;
-    ShowMessage(ResultsDb->PutSetting("LastSchedule", std::to_string(CurrentRaceId())));
+        return {};
+    return ResultsDb->PutSetting("LastSchedule", std::to_string(CurrentRaceId()));
 }
 
-void frmMain::cmdSeries_Click() {
+std::string frmMain::cmdSeries_Click() {
     OpenSeriesEditor();
     Activate();
+    return {};
 }
 
-void frmMain::cmdEntries_Click() {
-    if (ui->SelSeries->currentIndex() < 0) {
-        ShowMessage(kNoSeries);
-        return;
-    }
-    if (ui->SelRace->count() == 0) {
-        ShowMessage("X-Please first create a schedule for the series");
-        return;
-    }
+std::string frmMain::cmdEntries_Click() {
+    if (ui->SelSeries->currentIndex() < 0)
+        return kNoSeries;
+    if (ui->SelRace->count() == 0)
+        return "X-Please first create a schedule for the series";
     OpenEntryEditor();
     Activate();
+    return {};
 }
 
-void frmMain::cmdResults_Click() {
+std::string frmMain::cmdResults_Click() {
     const std::string Msg = CheckRaceSelection();
-    if (!Msg.empty()) {
-        ShowMessage(Msg);
-        return;
-    }
+    if (!Msg.empty())
+        return Msg;
     OpenResults();
     Activate();
+    return {};
 }
 
-void frmMain::cmdReports_Click() {
+std::string frmMain::cmdReports_Click() {
     std::string Msg = ResultsDb->GetInitialisationInfo();
     if (Msg.empty())
         Msg = CheckRaceSelection();
-    if (!Msg.empty()) {
-        ShowMessage(Msg);
-        return;
-    }
+    if (!Msg.empty())
+        return Msg;
     OpenReports();
     Activate();
+    return {};
 }
 
-void frmMain::cmdBoats_Click() {
+std::string frmMain::cmdBoats_Click() {
     SelectedId = -1;
     OpenBoatEditor();
     Activate();
+    return {};
 }
 
-void frmMain::cmdPeople_Click() {
+std::string frmMain::cmdPeople_Click() {
     SelectedId = 0;
     OpenPeopleEditor();
     Activate();
+    return {};
 }
 
-void frmMain::cmdScoring_Click() {
+std::string frmMain::cmdScoring_Click() {
     OpenScoringEditor();
     Activate();
+    return {};
 }
 
-void frmMain::cmdSettings_Click() {
+std::string frmMain::cmdSettings_Click() {
     OpenOptions();
     Activate();
+    return {};
 }
 
 // The race's finishes, results and standings are offered when a race is chosen.
-void frmMain::cmdExchange_Click() {
+std::string frmMain::cmdExchange_Click() {
     OpenImportExport();
     Activate();
+    return {};
 }
 
 void frmMain::OpenSeriesEditor() {
@@ -333,17 +334,17 @@ void frmMain::OpenResults() {
 }
 
 void frmMain::OpenReports() {
-    frmReport window(*ResultsDb, CurrentSeriesId(), CurrentRaceId(), viewer, this);
+    frmReport window(*ResultsDb, CurrentSeriesId(), CurrentRaceId(), Viewer, this);
     window.exec();
 }
 
 void frmMain::OpenBoatEditor() {
-    frmBoatDetail window(*ResultsDb, SelectedId, {}, this);
+    frmBoatDetail window(*ResultsDb, SelectedId, false, this);
     window.exec();
 }
 
 void frmMain::OpenPeopleEditor() {
-    frmPeopleDetail window(*ResultsDb, SelectedId, {}, this);
+    frmPeopleDetail window(*ResultsDb, SelectedId, false, this);
     window.exec();
 }
 

@@ -34,25 +34,24 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void Load();
     std::string GetYear();
     std::string GetSeries();
     std::string GetSchedule();
     std::string CheckRaceSelection();
 
-    void SelYear_Click();
-    void SelSeries_Click();
-    void SelRace_Click();
+    std::string SelYear_Click();
+    std::string SelSeries_Click();
+    std::string SelRace_Click();
 
-    void cmdSeries_Click();
-    void cmdEntries_Click();
-    void cmdResults_Click();
-    void cmdReports_Click();
-    void cmdBoats_Click();
-    void cmdPeople_Click();
-    void cmdScoring_Click();
-    void cmdSettings_Click();
-    void cmdExchange_Click();
+    std::string cmdSeries_Click();
+    std::string cmdEntries_Click();
+    std::string cmdResults_Click();
+    std::string cmdReports_Click();
+    std::string cmdBoats_Click();
+    std::string cmdPeople_Click();
+    std::string cmdScoring_Click();
+    std::string cmdSettings_Click();
+    std::string cmdExchange_Click();
 
     // One method per window that a button opens, each modal.
     void OpenSeriesEditor();
@@ -67,8 +66,8 @@ private:
 
     std::unique_ptr<Ui::frmMain> ui;
     std::unique_ptr<clResults> ResultsDb;
-    ReportViewer& viewer;
-    bool activatedOnce = false;
+    ReportViewer& Viewer;
+    bool ActivatedOnce = false;
 };
 
 }  // namespace tb

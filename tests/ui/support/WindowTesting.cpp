@@ -1,44 +1,72 @@
 #include "support/WindowTesting.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMap>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
+#include <QTimer>
 
 namespace tb::test {
 
-CaseTrace::~CaseTrace() {
-    if (QTest::currentTestFailed())
-        qWarning("in case: %s", qPrintable(name_));
+std::string DataText(const QString& name) {
+    QFile file(QStringLiteral(TALLYBOARD_UI_TEST_DATA "/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(name));
+    return file.readAll().toStdString();
 }
 
-QWidget* Focused() {
-    return QApplication::focusWidget();
+QStringList DataLines(const QString& name) {
+    QStringList lines;
+    for (const QString& line : QString::fromStdString(DataText(name)).split('\n'))
+        if (!line.isEmpty() && !line.startsWith('#'))
+            lines << line;
+    return lines;
 }
 
-void Keys(const QString& text) {
-    QTest::keyClicks(Focused(), text);
+void CasesFrom(const QString& name) {
+    QTest::addColumn<QStringList>("fields");
+    for (const QString& line : DataLines(name)) {
+        QStringList fields = line.split('\t');
+        QTest::newRow(qPrintable(fields.takeFirst())) << fields;
+    }
 }
 
-void Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(Focused(), key, modifiers);
+QStringList Case() {
+    QFETCH(QStringList, fields);
+    return fields;
 }
 
-void Enter() {
-    Key(Qt::Key_Return);
+namespace {
+
+// A click into a window activates it, as a window manager does. A window closed just before may
+// still be handing the activation back to its opener, so the keyboard is waited for too.
+void ActivateWindowOf(QWidget* control) {
+    QWidget* window = control->window();
+    for (int wait = 0; wait < 200; ++wait) {
+        if (window->isActiveWindow() && Focused() != nullptr && Focused()->window() == window)
+            return;
+        window->activateWindow();
+        QTest::qWait(10);
+    }
+    qFatal("%s did not get the keyboard", qPrintable(window->objectName()));
 }
+
+}  // namespace
 
 void FocusOn(QWidget* control) {
+    ActivateWindowOf(control);
     const auto* list = qobject_cast<QComboBox*>(control);
     if (qobject_cast<QLineEdit*>(control) != nullptr || (list != nullptr && list->isEditable()))
         QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
     for (int tabs = 0; Focused() != control && tabs < 80; ++tabs)
         Key(Qt::Key_Tab);
     if (Focused() != control)
-        qFatal("the keyboard does not reach %s", qPrintable(control->objectName()));
+        qFatal("the keyboard does not reach %s (at %s)", qPrintable(control->objectName()),
+               Focused() ? qPrintable(Focused()->objectName()) : "nothing");
 }
 
 void Type(QWidget* field, const QString& text) {
@@ -64,6 +92,7 @@ void Choose(QComboBox* list, const QString& text) {
 }
 
 void Press(QWidget* button) {
+    ActivateWindowOf(button);
     // A tick box or option answers a click on its mark, not anywhere in its stretched width.
     const bool marked = qobject_cast<QPushButton*>(button) == nullptr;
     QTest::mouseClick(button, Qt::LeftButton, {},
@@ -112,34 +141,6 @@ QStringList Shown(const RecordingMessages& messages) {
     return texts;
 }
 
-QString LastShown(const RecordingMessages& messages) {
-    return messages.shown.empty() ? QString() : QString::fromStdString(messages.shown.back().text);
-}
-
-void Controls::Press(const char* button) const {
-    test::Press(Get<QWidget>(button));
-}
-
-void Controls::Type(const char* field, const QString& text) const {
-    test::Type(Get<QWidget>(field), text);
-}
-
-void Controls::Choose(const char* list, const QString& text) const {
-    test::Choose(Get<QComboBox>(list), text);
-}
-
-QString Controls::Text(const char* field) const {
-    return Get<QLineEdit>(field)->text();
-}
-
-QString Controls::Current(const char* list) const {
-    return Get<QComboBox>(list)->currentText();
-}
-
-QString Controls::Label(const char* label) const {
-    return Get<QLabel>(label)->text();
-}
-
 void ShowActive(QWidget& window) {
     window.show();
     window.activateWindow();
@@ -149,7 +150,7 @@ void ShowActive(QWidget& window) {
 
 TemporarySettingsStore::TemporarySettingsStore() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                       QString::fromStdString(folder_.path()));
+                       QString::fromStdString(folder.path()));
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
 }
 
@@ -157,8 +158,56 @@ TemporarySettingsStore::~TemporarySettingsStore() {
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
 }
 
-void SettleEvents() {
-    QTest::qWait(10);
+NextModal::NextModal(std::function<void(QDialog&)> act) : poll(std::make_unique<QTimer>()) {
+    QObject::connect(poll.get(), &QTimer::timeout, [this, act = std::move(act)] {
+        auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (window == nullptr || !window->isVisible())
+            return;
+        poll->stop();
+        name = window->objectName();
+        // The keyboard goes to the new window, as a window manager gives it.
+        window->activateWindow();
+        if (!QTest::qWaitForWindowActive(window))
+            qFatal("%s did not become active", qPrintable(name));
+        if (act)
+            act(*window);
+        if (window->isVisible())
+            window->done(QDialog::Rejected);
+    });
+    poll->start(5);
+}
+
+NextModal::~NextModal() = default;
+
+RaceDay::RaceDay() {
+    db.Exec(DataText("race-day.sql"));
+}
+
+int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
+                     int classId, double tcf) {
+    const std::string n = std::to_string(++boats);
+    db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
+            "')");
+    db.Insert("INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) VALUES (" + n +
+                  ", ?1, ?2, " + std::to_string(sailNo) + ", 1, " + n + ")",
+              {name, fullSailNo});
+    db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES (" + n +
+            ", 1, " + std::to_string(tcf) +
+            ", '2000-01-01 00:00:00');"
+            "INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType, Entrant) VALUES (" +
+            n + ", 1, " + n + ", " + std::to_string(classId) + ", 0, " + n +
+            ");"
+            "INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
+            n + ", 10)");
+    return boats;
+}
+
+void RaceDay::Start(int classId, const std::string& hhmm) {
+    const std::string cls = std::to_string(classId);
+    db.Exec("DELETE FROM Start WHERE Schedule=10 AND Class=" + cls +
+            ";"
+            "INSERT INTO Start (Schedule, Class, StartTime) VALUES (10, " +
+            cls + ", '2005-06-12 " + hhmm.substr(0, 2) + ":" + hhmm.substr(2, 2) + ":00')");
 }
 
 }  // namespace tb::test

@@ -1,19 +1,25 @@
 #pragma once
 
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QString>
 #include <QStringList>
 #include <QTest>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "data/clResults.h"
-#include "support/ModalWindows.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 #include "ui/ReportViewer.h"
+
+class QTimer;
 
 namespace tb::test {
 
@@ -34,33 +40,36 @@ struct Club {
 
 using Texts = std::vector<std::string>;
 
-// Adds a named row to a Qt Test table, one value per column in order; a table of cases is
-// one column holding a struct.
-template <typename... Values>
-void Row(const char* name, Values... values) {
-    (QTest::newRow(name) << ... << values);
-}
+// A data file of the window tests (tests/ui/data): its whole text, and its lines without the
+// blank ones and the "#" comments.
+std::string DataText(const QString& name);
+QStringList DataLines(const QString& name);
+// A data file of cases, one a line, its fields separated by tabs, the first naming the case, as
+// a Qt Test table of one column; Case() is the current case's fields after the name.
+void CasesFrom(const QString& name);
+QStringList Case();
 
-// Names the case in the log when a check fails inside a loop over cases, as Qt Test reports
-// only the line.
-class CaseTrace {
-public:
-    explicit CaseTrace(QString name) : name_(std::move(name)) {}
-    ~CaseTrace();
-    CaseTrace(const CaseTrace&) = delete;
-    CaseTrace& operator=(const CaseTrace&) = delete;
-
-private:
-    QString name_;
+// A small club register: three people, three models, three boats with two handicaps, and one
+// series with a race that Blue Moon and John Smith entered.
+struct Register : Club {
+    Register() { db.Exec(DataText("register.sql")); }
 };
 
 // A person's input, through the real path only: keys go to whatever has the keyboard
 // (QApplication::focusWidget()), the keyboard moves by a click into a text field or by Tab, and
 // buttons are pressed with the mouse. Nothing here sets a control's value or emits its signal.
-QWidget* Focused();
-void Keys(const QString& text);
-void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-void Enter();
+inline QWidget* Focused() {
+    return QApplication::focusWidget();
+}
+inline void Keys(const QString& text) {
+    QTest::keyClicks(Focused(), text);
+}
+inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(Focused(), key, modifiers);
+}
+inline void Enter() {
+    Key(Qt::Key_Return);
+}
 // Gives the control the keyboard: a click into a text field, Tab through the window otherwise
 // (a click would open a list or press a button).
 void FocusOn(QWidget* control);
@@ -73,8 +82,6 @@ QStringList Items(const QComboBox* list);
 QStringList Lines(const QListWidget* list);
 // The messages shown, each as kind letter + "-" + text.
 QStringList Shown(const RecordingMessages& messages);
-// The text of the last message shown, without its kind; empty when none was shown.
-QString LastShown(const RecordingMessages& messages);
 
 // The accelerator letters (the "&" of captions) that more than one control of the window uses,
 // each as "letter: captions"; empty when every letter is unique.
@@ -83,42 +90,84 @@ QString SharedAccelerators(const QWidget& window);
 // Acts on the controls of one window by name.
 struct Controls {
     const QObject* window;
-    template <typename T>
+    template <typename T = QWidget>
     T* Get(const char* name) const {
         return Find<T>(window, name);
     }
-    void Press(const char* button) const;
-    void Type(const char* field, const QString& text) const;
-    void Choose(const char* list, const QString& text) const;
-    QString Text(const char* field) const;
-    QString Current(const char* list) const;
-    QString Label(const char* label) const;
+    void Press(const char* button) const { test::Press(Get<QWidget>(button)); }
+    void Type(const char* field, const QString& text) const {
+        test::Type(Get<QWidget>(field), text);
+    }
+    void Choose(const char* list, const QString& text) const {
+        test::Choose(Get<QComboBox>(list), text);
+    }
+    QString Text(const char* field) const { return Get<QLineEdit>(field)->text(); }
+    QString Current(const char* list) const { return Get<QComboBox>(list)->currentText(); }
+    QString Label(const char* label) const { return Get<QLabel>(label)->text(); }
 };
 
 // Shows the window and waits until it has the keyboard, as a user's window would.
 void ShowActive(QWidget& window);
 
+// A window made from the arguments, shown with the keyboard; its controls by name.
+template <typename Window>
+struct Opened : Controls {
+    template <typename... Arguments>
+    explicit Opened(Arguments&&... arguments)
+        : Controls{nullptr}, w(std::forward<Arguments>(arguments)...) {
+        Controls::window = &w;
+        ShowActive(w);
+    }
+    Window w;
+};
+
 // Points the user's settings store at a temporary folder, empty, for the lifetime of the object.
-class TemporarySettingsStore {
-public:
+struct TemporarySettingsStore {
     TemporarySettingsStore();
     ~TemporarySettingsStore();
-    TemporarySettingsStore(const TemporarySettingsStore&) = delete;
-    TemporarySettingsStore& operator=(const TemporarySettingsStore&) = delete;
-
-private:
-    TempFolder folder_;
+    TempFolder folder;
 };
 
 // Records what would have been opened, as "browser: path" or "spreadsheet: path".
-class RecordingViewer : public ReportViewer {
-public:
+struct RecordingViewer : ReportViewer {
     void OpenInBrowser(const QString& path) override { opened << "browser: " + path; }
     void OpenInSpreadsheet(const QString& path) override { opened << "spreadsheet: " + path; }
     QStringList opened;
 };
 
 // Lets queued work (the first activation of a window) run.
-void SettleEvents();
+inline void SettleEvents() {
+    QTest::qWait(10);
+}
+
+// While it lives, waits for the next modal window that a button opens with exec(), lets `act`
+// fill it in, then closes it if `act` left it open (as a refused save does), so a test cannot
+// hang on it. `name` tells which window opened; it stays empty when none did.
+struct NextModal {
+    explicit NextModal(std::function<void(QDialog&)> act = {});
+    ~NextModal();
+    QString name;
+    std::unique_ptr<QTimer> poll;
+};
+
+// A race evening in a fresh database: series "Summer Series" (Id 1) with "Class 1" and
+// "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10). Boats are entered in
+// the series and the race with a handicap of 1.000 valid all season.
+struct RaceDay {
+    RaceDay();
+
+    int AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo, int classId,
+                double tcf = 1.0);
+    // Starts the class in race 10 at hh:mm on the race day.
+    void Start(int classId, const std::string& hhmm);
+
+    TestDatabase db;
+    static constexpr int kSeries = 1;
+    static constexpr int kRace = 10;
+    static constexpr int kClass1 = 1;
+    static constexpr int kClass2 = 2;
+
+    int boats = 0;
+};
 
 }  // namespace tb::test
