@@ -1,6 +1,7 @@
 #include "data/Transaction.h"
 
 #include "data/Connection.h"
+#include "data/Schema.h"
 
 namespace tb {
 
@@ -20,6 +21,9 @@ Transaction::~Transaction() {
     try {
         if (owner_) {
             connection_.Exec("ROLLBACK");
+            // A server's AutoNumber does not take back the Ids an undone insert drew; SQLite's
+            // does, and the next record must get the same Id on both.
+            ResetIdentities(connection_);
         } else {
             connection_.Exec("ROLLBACK TO operation");
             connection_.Exec("RELEASE operation");

@@ -53,7 +53,8 @@ WHERE EntryList.Entrant = ?1
   AND NOT EXISTS (SELECT 1 FROM Handicap
                   WHERE Handicap.Boat = Entrant.Boat AND Handicap.HandicapType = Class.HandicapType
                     AND (Handicap.EffectiveFrom <= Schedule.RaceDate OR Handicap.EffectiveFrom IS NULL)
-                    AND (Handicap.Expires >= Schedule.RaceDate OR Handicap.Expires IS NULL)))sql";
+                    AND (Handicap.Expires >= Schedule.RaceDate OR Handicap.Expires IS NULL))
+ORDER BY 3, 1)sql";
 
 constexpr const char* kFindEntrant = "SELECT Id FROM Entrant WHERE Boat=?1 AND Series=?2";
 constexpr const char* kAddEntrant = R"sql(
