@@ -19,11 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Text(const fs::path& file) {
-    std::ifstream in(file);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 void Touch(const fs::path& file, const std::string& text = "") {
     fs::create_directories(file.parent_path());
     std::ofstream(file) << text;
@@ -38,17 +33,8 @@ TEST(ProgramFolder, IsTheBuildFolderOrTheInstalledShareFolderWhereverTheTreeIs) 
     fs::create_directories(r / "lonely/bin");
     fs::create_directories(r / "moved");
     fs::copy(r / "usr", r / "moved/opt", fs::copy_options::recursive);
-    struct Row {
-        fs::path executableFolder, programFolder;
-    } rows[] = {
-        {r / "build/bin", r / "build/bin"},
-        {r / "usr/bin", r / "usr/share/tallyboard"},
-        {r / "moved/opt/bin", r / "moved/opt/share/tallyboard"},
-        {r / "lonely/bin", r / "lonely/bin"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(ProgramFolderFor(row.executableFolder.string()), row.programFolder.string())
-            << row.executableFolder;
+    for (const auto& row : test::DataFileRows("app/program-folders.tsv"))
+        EXPECT_EQ(ProgramFolderFor((r / row.at(0)).string()), (r / row.at(1)).string()) << row[0];
 }
 
 class FirstStartTest : public ::testing::Test {
@@ -99,11 +85,11 @@ TEST_F(FirstStartTest, MakesAReadyDatabaseAndGivesTheReportFolderTheMissingSheet
 
     const fs::path reports = DefaultReportPath();
     ASSERT_EQ(ProvideStyleSheets(reports.string()), "");
-    EXPECT_EQ(Text(reports / "results.xsl"), "shipped");
+    EXPECT_EQ(test::ReadFile(reports / "results.xsl"), "shipped");
     EXPECT_FALSE(fs::exists(reports / "notes.txt"));
     Touch(reports / "results.xsl", "the club's own");
     ASSERT_EQ(ProvideStyleSheets(reports.string()), "");
-    EXPECT_EQ(Text(reports / "results.xsl"), "the club's own");
+    EXPECT_EQ(test::ReadFile(reports / "results.xsl"), "the club's own");
 }
 
 }  // namespace

@@ -18,11 +18,6 @@ namespace {
 using test::RecordingMessages;
 using test::TempFolder;
 
-std::string FileBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 // Files that are not a Tallyboard database: each gives the ConnectDb error and is left as it was.
 TEST(ConnectDb, RefusesWhatIsNotATallyboardDatabase) {
     TempFolder folder;
@@ -39,14 +34,14 @@ TEST(ConnectDb, RefusesWhatIsNotATallyboardDatabase) {
          {folder.path(), empty, text, foreign, folder.path() + "/missing.db"}) {
         SCOPED_TRACE(path);
         const bool isFile = std::filesystem::is_regular_file(path);
-        const std::string before = isFile ? FileBytes(path) : "";
+        const std::string before = isFile ? test::ReadFile(path) : "";
         DataFile = path;
         clResults results;
         std::string value;
         EXPECT_TRUE(test::IsRunTimeError(results.GetSetting("Header", value), "ConnectDb"));
         EXPECT_FALSE(results.Connected());
         if (isFile) {
-            EXPECT_EQ(FileBytes(path), before);
+            EXPECT_EQ(test::ReadFile(path), before);
         }
     }
     EXPECT_FALSE(std::filesystem::exists(folder.path() + "/missing.db"));

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -25,50 +22,6 @@ using test::RecordingMessages;
 using test::RunUnprivileged;
 using test::TestDatabase;
 
-// Another program holding the file write-locked: a child process that takes the write lock, says
-// so through a pipe and keeps it until it is killed.
-class LockingProcess {
-public:
-    explicit LockingProcess(const std::string& path) {
-        int ready[2];
-        if (pipe(ready) != 0)
-            return;
-        pid_ = fork();
-        if (pid_ == 0) {
-            close(ready[0]);
-            SQLite::Database db(path, SQLite::OPEN_READWRITE);
-            db.exec("BEGIN IMMEDIATE");
-            db.exec("UPDATE Settings SET Value='held' WHERE Parameter='Comment'");
-            const char signal = 'L';
-            if (write(ready[1], &signal, 1) != 1)
-                _exit(1);
-            pause();
-            _exit(0);
-        }
-        close(ready[1]);
-        char signal = 0;
-        locked_ = read(ready[0], &signal, 1) == 1 && signal == 'L';
-        close(ready[0]);
-    }
-    ~LockingProcess() { Release(); }
-    LockingProcess(const LockingProcess&) = delete;
-    LockingProcess& operator=(const LockingProcess&) = delete;
-
-    bool locked() const { return locked_; }
-    // Ends the holder without committing, as a crashed program would.
-    void Release() {
-        if (pid_ > 0) {
-            kill(pid_, SIGKILL);
-            waitpid(pid_, nullptr, 0);
-            pid_ = -1;
-        }
-    }
-
-private:
-    pid_t pid_ = -1;
-    bool locked_ = false;
-};
-
 TEST(Faults, AWriteLockedFileIsWaitedForThenReported) {
     if (TestDatabase::OnServer())
         GTEST_SKIP() << "the server queues writers itself";
@@ -79,8 +32,10 @@ TEST(Faults, AWriteLockedFileIsWaitedForThenReported) {
     std::string value;
     ASSERT_EQ(results.GetSetting("Header", value), "");
 
-    LockingProcess holder(db.path());
-    ASSERT_TRUE(holder.locked());
+    // Another connection holding the file write-locked, as another program would.
+    SQLite::Database holder(db.path(), SQLite::OPEN_READWRITE);
+    holder.exec("BEGIN IMMEDIATE");
+    holder.exec("UPDATE Settings SET Value='held' WHERE Parameter='Comment'");
     const std::string Msg = results.PutSetting("Header", "Evening series");
     EXPECT_TRUE(Msg.starts_with("C-Error 5 raised by SQLite in PutSetting\r")) << Msg;
 
@@ -91,7 +46,7 @@ TEST(Faults, AWriteLockedFileIsWaitedForThenReported) {
     // A write waits for a lock that is let go meanwhile, instead of failing at once.
     std::thread release([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(500));
-        holder.Release();
+        holder.exec("ROLLBACK");
     });
     EXPECT_EQ(results.PutSetting("Header", "Evening series"), "");
     release.join();

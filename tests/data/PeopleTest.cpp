@@ -97,13 +97,10 @@ TEST_F(PeopleTest, SeriesOfAPersonNeedARaceAndRemovalLeavesBoatsAndEntries) {
 
     RowSet series;
     ASSERT_EQ(results.GetSeriesForPerson(helm, series), "");
-    ASSERT_EQ(series.Rows(), 2u);
-    EXPECT_EQ(series(1, 0).ToText(), "Summer");
-    EXPECT_EQ(series(0, 0), Value(MakeDateTime(2010, 6, 1)));
-    EXPECT_EQ(series(1, 1).ToText(), "Spring");
     RowSet boats;
     ASSERT_EQ(results.GetBoatsOwned(helm, boats), "");
-    EXPECT_EQ(boats.Rows(), 1u);
+    EXPECT_EQ(test::Rendered(series) + test::Rendered(boats),
+              test::Expected("data/people.txt", "series and boats"));
 
     ASSERT_EQ(results.RemovePerson(helm), "");
     EXPECT_EQ(db.Count("People"), 0);

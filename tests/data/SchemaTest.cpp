@@ -20,13 +20,10 @@ using test::TestDatabase;
 // The database format other programs read: each table with its columns in order, as
 // "Table: Name TYPE, Name TYPE, ...", one table a line.
 std::map<std::string, std::string> ListedFormat() {
-    std::ifstream file(test::GoldenFile("database-format.txt"));
     std::map<std::string, std::string> tables;
-    std::string line;
-    while (std::getline(file, line)) {
-        const auto colon = line.find(": ");
-        if (colon != std::string::npos)
-            tables[line.substr(0, colon)] = line.substr(colon + 2);
+    for (const auto& row : test::DataFileRows("database-format.txt")) {
+        const auto colon = row.at(0).find(": ");
+        tables[row[0].substr(0, colon)] = row[0].substr(colon + 2);
     }
     return tables;
 }

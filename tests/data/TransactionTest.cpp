@@ -3,28 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "data/Connection.h"
-
+#include "support/Checks.h"
 #include "support/TestDatabase.h"
 
 namespace tb {
 namespace {
 
-// What an operation called inside another's transaction leaves behind once the caller is done.
-struct NestedCase {
-    const char* name;
-    bool innerCommits;
-    bool outerCommits;
-    long long outerRows;  // the caller's own setting, as stored afterwards
-    long long innerRows;  // the inner operation's setting
-};
-
 TEST(Transaction, InnerWorkIsAllOrNothingWithinTheCaller) {
-    const NestedCase cases[] = {{"both commit", true, true, 1, 1},
-                                {"inner fails", false, true, 1, 0},
-                                {"caller fails", true, false, 0, 0},
-                                {"both fail", false, false, 0, 0}};
-    for (const NestedCase& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& row : test::DataFileRows("data/nested-transactions.tsv")) {
+        SCOPED_TRACE(row.at(0));
         test::TestDatabase db;
         auto connection = OpenConnection(db.path());
         {
@@ -33,16 +20,17 @@ TEST(Transaction, InnerWorkIsAllOrNothingWithinTheCaller) {
             {
                 Transaction inner(*connection);
                 connection->Exec("INSERT INTO Settings (Parameter, Value) VALUES ('Inner', '1')");
-                if (c.innerCommits)
+                if (row.at(1) == "commits")
                     inner.Commit();
             }
             // The caller goes on writing after the inner operation, whatever became of it.
             connection->Exec("UPDATE Settings SET Value = '2' WHERE Parameter = 'Outer'");
-            if (c.outerCommits)
+            if (row.at(2) == "commits")
                 outer.Commit();
         }
-        EXPECT_EQ(db.Count("Settings", "Parameter = 'Outer' AND Value = '2'"), c.outerRows);
-        EXPECT_EQ(db.Count("Settings", "Parameter = 'Inner'"), c.innerRows);
+        EXPECT_EQ(db.Count("Settings", "Parameter = 'Outer' AND Value = '2'"),
+                  std::stoi(row.at(3)));
+        EXPECT_EQ(db.Count("Settings", "Parameter = 'Inner'"), std::stoi(row.at(4)));
         // Nothing is left open: a new transaction can start.
         EXPECT_NO_THROW(Transaction(*connection).Commit());
     }

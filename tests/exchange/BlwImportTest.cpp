@@ -20,43 +20,13 @@ namespace {
 
 const std::string kData = std::string(TALLYBOARD_TEST_DATA) + "/blw/";
 
-std::string FileText(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
-// Everything an import writes, one line a record, in an order that does not depend on Ids.
-constexpr const char* kImported[] = {
-    "SELECT Title, RaceName, RaceDate FROM Series JOIN Schedule ON Series.Id = Schedule.Series "
-    "ORDER BY Series.Id, Schedule.Id",
-    "SELECT Class.Series, ClassName, Description FROM Class JOIN HandicapType ON "
-    "HandicapType.Id = Class.HandicapType ORDER BY Class.Id",
-    "SELECT Class.Series, RaceName, ClassName, StartTime FROM Start JOIN Class ON Class.Id = "
-    "Start.Class JOIN Schedule ON Schedule.Id = Start.Schedule ORDER BY Start.Schedule, Class.Id",
-    "SELECT BoatName, FullSailNo, SailNo, Model, Firstname || '/' || Lastname FROM Boat JOIN "
-    "BoatType ON BoatType.Id = Boat.BoatType JOIN People ON People.Id = Boat.Owner ORDER BY "
-    "Boat.Id",
-    "SELECT BoatName, Description, Handicap, EffectiveFrom, Expires FROM Handicap JOIN Boat ON "
-    "Boat.Id = Handicap.Boat JOIN HandicapType ON HandicapType.Id = Handicap.HandicapType ORDER "
-    "BY Handicap.Id",
-    "SELECT Entrant.Series, BoatName, ClassName, EntrantType, EntryDate, (SELECT count(*) FROM "
-    "EntryList WHERE Entrant = Entrant.Id) FROM Entrant JOIN Boat ON Boat.Id = Entrant.Boat JOIN "
-    "Class ON Class.Id = Entrant.Class ORDER BY Entrant.Id",
-    "SELECT RaceName, BoatName, FinishTime, Code FROM Results JOIN Schedule ON Schedule.Id = "
-    "Results.Schedule JOIN Entrant ON Entrant.Id = Results.Entrant JOIN Boat ON Boat.Id = "
-    "Entrant.Boat JOIN Status ON Status.Id = Results.Status ORDER BY Results.Id",
-    "SELECT Description, Status, Place, Base, Value, MinValue FROM Points JOIN Scoring ON "
-    "Scoring.Id = Points.Scoring WHERE Scoring.Id > 1 ORDER BY Status, Place",
-    "SELECT Description, RacesRun, Discards FROM Discards JOIN DiscardSystem ON DiscardSystem.Id "
-    "= DiscardSystem WHERE DiscardSystem.Id > 1 ORDER BY DiscardSystem.Id, RacesRun IS NULL, "
-    "RacesRun",
-};
-
+// Everything an import writes, one line a record.
 std::string Imported(test::TestDatabase& db) {
     std::string text;
-    for (const char* sql : kImported) {
-        for (const std::string& line : db.Lines(sql))
-            text += line + "\n";
+    for (const auto& row : test::DataFileRows("exchange/imported.sql")) {
+        SQLite::Statement query(db.raw(), row.at(0));
+        while (query.executeStep())
+            text += query.getColumn(0).getString() + "\n";
         text += "--\n";
     }
     return text;
@@ -71,55 +41,27 @@ TEST(BlwImport, BringsTheSeasonAcrossAsTheFileHasIt) {
         clResults results;
         std::string summary;
         ASSERT_EQ(results.ImportSeriesFile(kData + name + ".blw", summary), "");
-        EXPECT_EQ(summary + "==\n" + Imported(db),
-                  FileText(test::GoldenFile("blw-" + name + ".txt")));
+        EXPECT_EQ(summary + "==\n" + Imported(db), test::DataFile("blw-" + name + ".txt"));
     }
 }
 
 TEST(BlwImport, AFaultyFileNamesItsRowAndWritesNothing) {
-    std::istringstream faults(FileText(test::GoldenFile("blw-faults.txt")));
-    for (std::string line; std::getline(faults, line);) {
-        const std::string file = line.substr(0, line.find('\t'));
-        SCOPED_TRACE(file);
+    for (const auto& row : test::DataFileRows("blw-faults.txt")) {
+        SCOPED_TRACE(row.at(0));
         test::TestDatabase db;
         clResults results;
         std::string summary;
-        EXPECT_EQ(results.ImportSeriesFile(kData + file, summary), line.substr(file.size() + 1));
+        EXPECT_EQ(results.ImportSeriesFile(kData + row[0], summary), row.at(1));
         EXPECT_EQ(db.Count("Series") + db.Count("Boat") + db.Count("People") + db.Count("Scoring"),
                   1);
     }
 }
 
 TEST(BlwImport, ReadsDatesAndTimesAsOtherProgramsWriteThem) {
-    struct Row {
-        const char* text;
-        const char* order;
-        bool leading;
-        const char* date;
-    } rows[] = {
-        {"07-05-26", "d-m-y", false, "07/05/2026"},
-        {"04-01-2026", "m-d-y", false, "01/04/2026"},
-        {"2026-05-07", "d/m/y", false, "07/05/2026"},
-        {"Jan 18", "d/m/y", false, "18/01/2025"},
-        {"1st Feb", "m/d/y", false, "01/02/2025"},
-        {"6th May 2024", "d/m/y", false, "06/05/2024"},
-        {"5-20 R1", "m/d/y", true, "20/05/2025"},
-        {"R1", "d/m/y", true, "-"},
-        {"31/02/2026", "d/m/y", false, "-"},
-        {"", "d/m/y", false, "-"},
-    };
-    for (const Row& row : rows) {
-        const auto date = ParseLooseDate(row.text, row.order, 2025, row.leading);
-        EXPECT_EQ(date ? FormatDate(*date, "dd/mm/yyyy") : "-", row.date) << row.text;
+    for (const auto& row : test::DataFileRows("exchange/loose-dates.tsv")) {
+        const auto date = ParseLooseDate(row.at(0), row.at(1), 2025, row.at(2) == "1");
+        EXPECT_EQ(date ? FormatDate(*date, "dd/mm/yyyy") : "-", row.at(3)) << row[0];
     }
-    struct Time {
-        const char* text;
-        long long seconds;
-    } times[] = {{"10.58.20", 39500}, {"105820", 39500}, {"10:58:20", 39500},
-                 {"0:41:00", 2460},   {"10:58", 39480},  {"10:7x:00", -1},
-                 {"24:00:00", -1},    {"1058", -1},      {"10:60:00", -1}};
-    for (const Time& time : times)
-        EXPECT_EQ(ParseClockTime(time.text).value_or(-1), time.seconds) << time.text;
     // The same reader in both forms: this file's and the finishes a timing app writes.
     for (const auto& row : test::DataFileRows("conversions/clock-times.tsv")) {
         for (const auto& [form, column] :
@@ -138,7 +80,7 @@ const std::string kSamples = std::string(TALLYBOARD_SAMPLES) + "/blw/";
 // (else the ranked one). Gives how many were compared.
 int CompareRaceReports(clResults& results, const std::string& name, const std::string& timed) {
     blw::SeriesFile file;
-    EXPECT_EQ(blw::ReadSeriesFile(FileText(kSamples + name), file), "");
+    EXPECT_EQ(blw::ReadSeriesFile(test::ReadFile(kSamples + name), file), "");
     std::vector<const blw::Race*> races;
     for (const blw::Race& race : file.races)
         if (blw::Text(race.fields, "racesailed") == "1")
@@ -221,7 +163,7 @@ TEST(BlwSamples, PlaceOnlySeasonKeepsEveryRecordedPlace) {
     clResults results;
     std::string summary;
     ASSERT_EQ(results.ImportSeriesFile(kSamples + "place-only-season.blw", summary), "");
-    EXPECT_EQ(summary, FileText(test::GoldenFile("blw-place-only-season.txt")));
+    EXPECT_EQ(summary, test::DataFile("blw-place-only-season.txt"));
     EXPECT_EQ(CompareRaceReports(results, "place-only-season.blw", ""), 314);
 }
 
@@ -231,7 +173,7 @@ TEST(BlwSamples, NonFinishersCountFromTheBaseTheFileChose) {
     for (const auto& [name, base] :
          {std::pair{"scoring-a52.blw", 0}, std::pair{"scoring-a53.blw", 1}}) {
         blw::SeriesFile file;
-        ASSERT_EQ(blw::ReadSeriesFile(FileText(kSamples + name), file), "");
+        ASSERT_EQ(blw::ReadSeriesFile(test::ReadFile(kSamples + name), file), "");
         SeriesImport plan;
         ASSERT_EQ(PlanSeriesImport(file, name, 2026, plan), "");
         EXPECT_EQ(std::vector<short>({plan.baseC, plan.baseA, plan.baseB}),

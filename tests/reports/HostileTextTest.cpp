@@ -27,7 +27,6 @@ namespace fs = std::filesystem;
 const std::string kMarks = "Me & You <Skip> \"Ahoy\" 'O'Hara', a;b";
 const std::string kLetters = "Łódź Müller 日本";
 const std::string kBreaks = "Tab\there\r\nnext\nline";
-constexpr int kRaceResults = 3;
 constexpr int kSeriesResults = 4;
 
 // 2,000 characters, many of them more than one byte.
@@ -143,17 +142,6 @@ TEST_F(HostileText, IsStoredAsTypedAndEveryReportShowsIt) {
             EXPECT_NE(dom->find(AsPageText(text)), std::string::npos)
                 << "report " << kind << " does not show " << text.substr(0, 40);
     }
-
-    // A boat whose handicap has run out: the problem page is what is shown.
-    db.Exec(
-        "UPDATE Handicap SET Expires = '2026-05-01 00:00:00' WHERE Boat = "
-        "(SELECT min(Id) FROM Boat)");
-    std::string problemPage;
-    ASSERT_EQ(results.CreateReport(kRaceResults, 2, 1, race, problemPage), "");
-    ASSERT_TRUE(problemPage.ends_with("_Problem.htm")) << problemPage;
-    const auto dom = test::BrowserView(problemPage, profile.path());
-    ASSERT_TRUE(dom);
-    EXPECT_NE(dom->find("<p>" + AsPageText(kMarks) + " has 0 active "), std::string::npos) << *dom;
 }
 
 }  // namespace

@@ -75,18 +75,6 @@ std::string ReportFixture::Make(char letter, std::string& path, int action, int 
     return results.CreateReport(kind, action, viewer, race2, path);
 }
 
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file << text;
-}
-
 std::string WithoutReportTime(std::string xml) {
     static const std::regex stamp(
         R"re( ReportDate="\d\d [A-Z][a-z]{2} \d{4}" ReportTime="\d\d:\d\d")re");

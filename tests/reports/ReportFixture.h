@@ -6,6 +6,7 @@
 
 #include "data/clResults.h"
 #include "scoring/SeasonBuilder.h"
+#include "support/Checks.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -41,9 +42,6 @@ private:
     std::string savedReportPath_;
 };
 
-// The file's whole text.
-std::string ReadFile(const std::string& path);
-void WriteFile(const std::string& path, const std::string& text);
 // The text with the report's own date and time blanked out, for comparing with a fixed text.
 std::string WithoutReportTime(std::string xml);
 

@@ -71,7 +71,7 @@ TEST_F(SharedDatabaseTest, FinishesSavedWhileReportsAreMadeAreAllKept) {
     const std::string last = WithoutReportTime(ReadFile(path));
     const std::string copy = folder.path() + "/alone.db";
     ASSERT_EQ(results.CopyDatabase(copy), "");
-    DataFile = copy;
+    tb::DataFile = copy;
     clResults alone;
     ASSERT_EQ(alone.ReadReportMenu(folder.path() + "/menu.ini"), "");
     ASSERT_EQ(alone.CreateReport(kCombined, 0, 0, race3, path), "");

@@ -48,19 +48,9 @@ TEST_F(ResultRecordingTest, PutResultCreatesOneRowThenUpdatesIt) {
 }
 
 TEST_F(ResultRecordingTest, TextsThatAreNotAFinishOrANumberStoreNothing) {
-    struct Case {
-        const char* time;
-        const char* date;
-        const char* mins;
-    };
-    const std::vector<Case> cases{
-        {"250000", "12 Jun 2005", ""},
-        {"12", "12 Jun 2005", ""},
-        {"143512", "31 Jun 2005", ""},
-        {"143512", "12 Jun 2005", "two"},
-    };
-    for (const Case& c : cases) {
-        const std::string Msg = results.PutResult(10, 1, c.time, c.date, 9, c.mins, "", "", "");
+    for (const auto& row : test::DataFileRows("scoring/refused-results.tsv")) {
+        const std::string Msg =
+            results.PutResult(10, 1, row.at(0), row.at(1), 9, row.at(2), "", "", "");
         EXPECT_TRUE(test::IsRunTimeError(Msg, "PutResult"));
         EXPECT_NE(Msg.find("\rType mismatch"), std::string::npos) << Msg;
     }

@@ -37,6 +37,15 @@ protected:
             counts += (counts.empty() ? "" : " ") + std::to_string(db.Count(table));
         return counts;
     }
+    // The scoring systems, then the discard systems, as listed.
+    std::string Listed() {
+        std::string listed;
+        for (auto list : {&clResults::GetScoring, &clResults::GetDiscards}) {
+            EXPECT_EQ((results.*list)(rows), "");
+            listed += test::Rendered(rows);
+        }
+        return listed;
+    }
     int IdOf(const std::string& table, const std::string& description) {
         return std::stoi(
             db.Text("SELECT Id FROM " + table + " WHERE Description='" + description + "'"));
@@ -78,11 +87,7 @@ TEST_F(ScoringSystemsTest, NamesHeldByAnotherSystemAreRefused) {
     EXPECT_EQ(Save(kLowPoints, "Renamed low points", kSeededDiscards, "Taken"),
               "E-Another discard system named 'Taken' already exists");
     EXPECT_EQ(db.Count("Points", "Scoring=1 AND Place=1 AND Value=10"), 1);
-    std::string listed;
-    for (auto list : {&clResults::GetScoring, &clResults::GetDiscards}) {
-        ASSERT_EQ((results.*list)(rows), "");
-        listed += test::Rendered(rows);
-    }
+    const std::string listed = Listed();
     ASSERT_EQ(results.GetDiscardDetail(kSeededDiscards, rows), "");
     EXPECT_EQ(listed + test::Rendered(rows), Expected("renamed scoring, seeded discards kept"));
 }
@@ -90,12 +95,7 @@ TEST_F(ScoringSystemsTest, NamesHeldByAnotherSystemAreRefused) {
 TEST_F(ScoringSystemsTest, RenamingKeepsTheIdAndNamesMayHoldApostrophes) {
     ASSERT_EQ(Save(kLowPoints, "Commodore's points", kSeededDiscards, "low points' rule"), "");
     ASSERT_EQ(Save(kLowPoints, "commodore's POINTS", kSeededDiscards, "low points' rule"), "");
-    std::string listed;
-    for (auto list : {&clResults::GetScoring, &clResults::GetDiscards}) {
-        ASSERT_EQ((results.*list)(rows), "");
-        listed += test::Rendered(rows);
-    }
-    EXPECT_EQ(listed, Expected("names with apostrophes"));
+    EXPECT_EQ(Listed(), Expected("names with apostrophes"));
     EXPECT_EQ(Counts(), "1 15 1 5");
 }
 

@@ -27,8 +27,9 @@ protected:
         boat = AddBoat("Kestrel", "GBR 1", owner);
     }
 
-    std::string Save(std::vector<int> entered, const std::string& name = "") {
-        return results.PutEntryDetails(boat, series, owner, classId, "01/06/02", 0, name, entered);
+    std::string Save(std::vector<int> entered, const std::string& name = "", int entering = 0) {
+        return results.PutEntryDetails(entering ? entering : boat, series, owner, classId,
+                                       "01/06/02", 0, name, entered);
     }
     std::set<long long> EnteredRaces() {
         std::set<long long> found;
@@ -129,10 +130,8 @@ TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
 
     const int second = AddBoat("kestrel", "GBR 0", owner);
     const int third = AddBoat("Avocet", "GBR 9", owner);
-    for (int b : {boat, second, third}) {
-        std::vector<int> first = {races[0]};
-        ASSERT_EQ(results.PutEntryDetails(b, series, owner, classId, "01/06/02", 0, "", first), "");
-    }
+    for (int b : {boat, second, third})
+        ASSERT_EQ(Save({races[0]}, "", b), "");
     ASSERT_EQ(results.GetEntries(series, rows), "");
     RowSet forRace;
     ASSERT_EQ(results.GetEntriesForRace(races[0], forRace), "");
@@ -162,8 +161,7 @@ TEST_F(EntriesTest, CheckResultsFindsTheEntrantAndWhetherItHasResults) {
 TEST_F(EntriesTest, RemovingAnEntrantTakesItsResultsAndRacesAndNothingElse) {
     const int other = AddBoat("Avocet", "GBR 9", owner);
     ASSERT_EQ(Save(races), "");
-    std::vector<int> first = {races[0]};
-    ASSERT_EQ(results.PutEntryDetails(other, series, owner, classId, "01/06/02", 0, "", first), "");
+    ASSERT_EQ(Save({races[0]}, "", other), "");
     AddResult(1, races[0]);
     AddResult(2, races[0]);
     db.ForgetStamp();

@@ -1,7 +1,8 @@
 #include "support/Browser.h"
 
-#include <cstdio>
 #include <cstdlib>
+
+#include "support/ChildProcess.h"
 
 namespace tb::test {
 
@@ -15,18 +16,6 @@ bool Installed(const char* program) {
     return std::system(("command -v " + std::string(program) + " > /dev/null 2>&1").c_str()) == 0;
 }
 
-std::string Output(const std::string& command) {
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (pipe == nullptr)
-        return {};
-    std::string text;
-    char buffer[4096];
-    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-        text.append(buffer, n);
-    ::pclose(pipe);
-    return text;
-}
-
 }  // namespace
 
 std::optional<std::string> BrowserView(const std::string& page, const std::string& profile,
@@ -34,8 +23,9 @@ std::optional<std::string> BrowserView(const std::string& page, const std::strin
     if (!Installed("chromium"))
         return std::nullopt;
     const std::string size = width > 0 ? " --window-size=" + std::to_string(width) + ",900" : "";
-    return Output(std::string(kChromium) + size + " --user-data-dir='" + profile +
-                  "' --dump-dom 'file://" + page + "' 2>/dev/null");
+    return RunShell(std::string(kChromium) + size + " --user-data-dir='" + profile +
+                    "' --dump-dom 'file://" + page + "' 2>/dev/null")
+        .second;
 }
 
 std::optional<std::vector<std::string>> PrintedPages(const std::string& page,
@@ -43,12 +33,12 @@ std::optional<std::vector<std::string>> PrintedPages(const std::string& page,
     if (!Installed("chromium") || !Installed("pdftotext"))
         return std::nullopt;
     const std::string pdf = profile + "/printed.pdf";
-    Output(std::string(kChromium) + " --user-data-dir='" + profile +
-           "' --no-pdf-header-footer --print-to-pdf='" + pdf + "' 'file://" + page +
-           "' 2>/dev/null");
+    RunShell(std::string(kChromium) + " --user-data-dir='" + profile +
+             "' --no-pdf-header-footer --print-to-pdf='" + pdf + "' 'file://" + page +
+             "' 2>/dev/null");
     // pdftotext ends each page with a form feed.
     std::vector<std::string> pages(1);
-    for (const char c : Output("pdftotext -layout '" + pdf + "' - 2>/dev/null")) {
+    for (const char c : RunShell("pdftotext -layout '" + pdf + "' - 2>/dev/null").second) {
         if (c == '\f')
             pages.emplace_back();
         else

@@ -4,6 +4,7 @@
 #include <SQLiteCpp/Statement.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -61,12 +62,20 @@ std::string GoldenFile(const std::string& name) {
     return std::string(TALLYBOARD_GOLDEN_DIR) + "/" + name;
 }
 
-std::string DataFile(const std::string& name) {
-    std::ifstream file(GoldenFile(name), std::ios::binary);
-    EXPECT_TRUE(file) << name;
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
+}
+
+void WriteFile(const std::string& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
+}
+
+std::string DataFile(const std::string& name) {
+    EXPECT_TRUE(std::filesystem::is_regular_file(GoldenFile(name))) << name;
+    return ReadFile(GoldenFile(name));
 }
 
 namespace {

@@ -27,6 +27,10 @@ std::string Expected(const std::string& file, const std::string& name);
 // The first column of the first row a query finds in a database file ("<no row>" for none).
 std::string Scalar(const std::string& file, const std::string& sql);
 
+// The file's whole text ("" when it cannot be read), and writing a file's whole text.
+std::string ReadFile(const std::string& path);
+void WriteFile(const std::string& path, const std::string& text);
+
 // The path of an expected text kept under tests/data/golden.
 std::string GoldenFile(const std::string& name);
 

@@ -3,6 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
+
 namespace tb::test {
 
 namespace {
@@ -59,6 +61,18 @@ std::future<std::string> StartInChild(const std::function<std::string()>& body) 
 
 std::string RunUnprivileged(const std::function<std::string()>& body) {
     return Finish(Fork(body, true));
+}
+
+std::pair<int, std::string> RunShell(const std::string& command) {
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (pipe == nullptr)
+        return {-1, ""};
+    std::string output;
+    char buffer[4096];
+    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
+        output.append(buffer, n);
+    const int status = ::pclose(pipe);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
 }
 
 }  // namespace tb::test

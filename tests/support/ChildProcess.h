@@ -3,6 +3,7 @@
 #include <functional>
 #include <future>
 #include <string>
+#include <utility>
 
 namespace tb::test {
 
@@ -17,5 +18,8 @@ std::future<std::string> StartInChild(const std::function<std::string()>& body);
 // The same in a child without root's right to write anywhere, so that file and folder
 // permissions mean what they say even when the tests run as root.
 std::string RunUnprivileged(const std::function<std::string()>& body);
+
+// Runs a shell command; its exit status (-1 when it did not end normally) and its standard output.
+std::pair<int, std::string> RunShell(const std::string& command);
 
 }  // namespace tb::test
