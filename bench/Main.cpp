@@ -13,6 +13,7 @@
 #include <exception>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Seasons.h"
@@ -108,6 +109,33 @@ const char* Verdict(bool met) {
     return met ? "met" : "NOT MET";
 }
 
+// The server engine against the file on the same season, and both engines on the club season:
+// five times the boats and results, so a cost growing linearly stays near five times.
+void PrintServerTargets(MedianReporter& medians, const Median* season) {
+    const Median* server = medians.Find("CreateReport/season_on_server/B");
+    if (!HaveServer()) {
+        std::printf("  (no PostgreSQL server: ./scripts/bench measures one it starts itself)\n");
+    } else if (server != nullptr && season != nullptr) {
+        const double ratio = server->real / season->real;
+        std::printf(
+            "  combined report, season, server %7.1f  ratio to the file %.2f (<= 5, < 500 "
+            "ms): %s\n",
+            server->real, ratio, Verdict(ratio <= 5 && server->real < 500));
+    }
+    if (const Median* put = medians.Find("PutResult/season_on_server"))
+        std::printf("  PutResult, server               %7.2f  (< 5 ms): %s\n", put->real,
+                    Verdict(put->real < 5));
+    const std::pair<const char*, const Median*> engines[] = {{"", season}, {"_on_server", server}};
+    for (const auto& [suffix, usual] : engines) {
+        const Median* club = medians.Find(std::string("CreateReport/club_season") + suffix + "/B");
+        if (club == nullptr || usual == nullptr)
+            continue;
+        const double ratio = club->real / usual->real;
+        std::printf("  combined report, club season%-8s%7.1f  ratio to season %.2f (<= 5.75): %s\n",
+                    *suffix != 0 ? ", server" : "", club->real, ratio, Verdict(ratio <= 5.75));
+    }
+}
+
 void PrintTargets(MedianReporter& medians, double peak) {
     std::printf("\nMedians (wall-clock, ms) against the targets:\n");
     const Median* floor = medians.Find("Floor/season");
@@ -150,6 +178,7 @@ void PrintTargets(MedianReporter& medians, double peak) {
     if (const Median* import = medians.Find("ImportCsv/club_register"))
         std::printf("  import of a club register      %8.1f  (< 1000 ms): %s\n", import->real,
                     Verdict(import->real < 1000));
+    PrintServerTargets(medians, season);
     if (peak < 0)
         std::printf("  peak memory of tallyboard-cli report, season: could not be measured\n");
     else
@@ -176,6 +205,11 @@ int main(int argc, char** argv) {
         status = 1;
     }
     benchmark::Shutdown();
+    try {
+        tb::bench::DropServerSeasons();
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+    }
     tb::bench::RemoveRunFolder();
     return status;
 }

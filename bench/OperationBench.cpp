@@ -20,8 +20,8 @@ void Check(const std::string& Msg) {
 }
 
 // The first boat of the last race, finishing again at the time it has, committed each time.
-void PutResultOfOneBoat(benchmark::State& state) {
-    const Season& season = NormalSeason();
+void PutResultOfOneBoat(benchmark::State& state, const Season& (*which)()) {
+    const Season& season = which();
     DataFile = season.path;
     clResults db;
     RowSet entries;
@@ -79,10 +79,20 @@ void MainWindowActivation(benchmark::State& state) {
     state.SetLabel(twenty.name);
 }
 
-BENCHMARK(PutResultOfOneBoat)
+const Season& SeasonOnServer() {
+    return OnServer(NormalSeason());
+}
+
+BENCHMARK_CAPTURE(PutResultOfOneBoat, season, NormalSeason)
     ->Name("PutResult/season")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+[[maybe_unused]] const bool registered = HaveServer() && [] {
+    benchmark::RegisterBenchmark("PutResult/season_on_server", PutResultOfOneBoat, SeasonOnServer)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+    return true;
+}();
 BENCHMARK(EntriesForRace)
     ->Name("GetEntriesForRace/season")
     ->Unit(benchmark::kMillisecond)

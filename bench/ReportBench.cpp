@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <vector>
 
 #include "Seasons.h"
 #include "app/Globals.h"
@@ -120,6 +121,33 @@ constexpr Sized kSeasons[] = {
     {"long_season", LongSeason},
 };
 
+const Season& SeasonOnServer() {
+    return OnServer(NormalSeason());
+}
+const Season& ClubSeasonOnServer() {
+    return OnServer(ClubSeason());
+}
+
+// The combined report of a club five times the usual size, on each engine, and the usual
+// season's reports on the server.
+void RegisterBothEngines() {
+    std::vector<Sized> combined = {{"club_season", ClubSeason}};
+    if (HaveServer()) {
+        combined.push_back({"season_on_server", SeasonOnServer});
+        combined.push_back({"club_season_on_server", ClubSeasonOnServer});
+        benchmark::RegisterBenchmark("CreateReport/season_on_server/R", CreateReportOf,
+                                     SeasonOnServer, 'R')
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
+    }
+    for (const Sized& sized : combined) {
+        benchmark::RegisterBenchmark((std::string("CreateReport/") + sized.name + "/B").c_str(),
+                                     CreateReportOf, sized.season, 'B')
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
+    }
+}
+
 [[maybe_unused]] const bool registered = [] {
     for (const Sized& sized : kSeasons) {
         benchmark::RegisterBenchmark((std::string("Floor/") + sized.name).c_str(), Floor,
@@ -134,6 +162,7 @@ constexpr Sized kSeasons[] = {
                 ->UseRealTime();
         }
     }
+    RegisterBothEngines();
     return true;
 }();
 

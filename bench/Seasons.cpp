@@ -30,9 +30,10 @@ void Check(const std::string& Msg, const std::string& what) {
         throw std::runtime_error(what + ": " + Msg);
 }
 
-Season MakeSeason(const std::string& name, const std::string& file, int boats, int races) {
+Season MakeSeason(const std::string& name, const std::string& file, int boats, int races,
+                  int classes = 4) {
     Season season{name, RunFolder() + "/" + file, 0};
-    Check(cli::CreateDemoSeason(season.path, {boats, races, 4, kSeed}), "making " + name);
+    Check(cli::CreateDemoSeason(season.path, {boats, races, classes, kSeed}), "making " + name);
     season.lastRace = LastRaceOf(season.path);
     return season;
 }
@@ -175,6 +176,11 @@ const Season& DoubleSeason() {
 
 const Season& LongSeason() {
     static const Season season = MakeSeason("long season", "long-season.db", 200, 120);
+    return season;
+}
+
+const Season& ClubSeason() {
+    static const Season season = MakeSeason("club season", "club-season.db", 1000, 60, 20);
     return season;
 }
 

@@ -15,8 +15,8 @@ namespace {
 
 const std::vector<Registration>& Registrations() {
     static const std::vector<Registration> registrations = {
-        AddCreateDbCommand, AddDemoCommand,   AddRacesCommand,
-        AddReportCommand,   AddImportCommand, AddExportCommand,
+        AddCreateDbCommand, AddDemoCommand,   AddRacesCommand, AddReportCommand,
+        AddImportCommand,   AddExportCommand, AddCopyCommand,
     };
     return registrations;
 }

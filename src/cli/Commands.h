@@ -30,6 +30,7 @@ void AddRacesCommand(CLI::App& app, int& status);
 void AddReportCommand(CLI::App& app, int& status);
 void AddImportCommand(CLI::App& app, int& status);
 void AddExportCommand(CLI::App& app, int& status);
+void AddCopyCommand(CLI::App& app, int& status);
 
 // Brings a series across from another scoring program's .blw series file and prints what was
 // added, reused and scored differently.

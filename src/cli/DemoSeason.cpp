@@ -4,11 +4,15 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
+#include <stdlib.h>
+
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <vector>
 
 #include "app/Globals.h"
+#include "data/Connection.h"
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/ResultStatus.h"
@@ -95,7 +99,9 @@ std::string Stored(DateTime t) {
 
 }  // namespace
 
-std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
+namespace {
+
+std::string CreateDemoFile(const std::string& path, const DemoSize& size) {
     std::string Msg = CreateDatabase(path);
     if (!Msg.empty())
         return Msg;
@@ -411,6 +417,28 @@ std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
                 static_cast<int>(races(clResults::ScheduleCol::Id, r).AsInt()), problems);
     }
     DataFile = previousDataFile;
+    return Msg;
+}
+
+}  // namespace
+
+std::string CreateDemoSeason(const std::string& path, const DemoSize& size) {
+    if (!IsServerAddress(path))
+        return CreateDemoFile(path, size);
+    // A server's season is made in a file and copied across whole.
+    std::string folder = (std::filesystem::temp_directory_path() / "tallyboard-demo-XXXXXX");
+    if (::mkdtemp(folder.data()) == nullptr)
+        return "E-Cannot make a temporary folder for the demonstration season";
+    const std::string file = folder + "/season.db";
+    std::string Msg = CreateDemoFile(file, size);
+    if (Msg.empty()) {
+        const std::string previousDataFile = DataFile;
+        DataFile = file;
+        Msg = clResults().CopyDatabase(path);
+        DataFile = previousDataFile;
+    }
+    std::error_code ec;
+    std::filesystem::remove_all(folder, ec);
     return Msg;
 }
 

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "data/RunTimeFault.h"
+#include "data/ServerError.h"
 
 namespace tb {
 
@@ -60,6 +61,8 @@ PendingError DescribeCurrentException() {
         throw;
     } catch (const SQLite::Exception& e) {
         return {e.getExtendedErrorCode(), "SQLite", e.what()};
+    } catch (const ServerError& e) {
+        return {0, kServerSource, e.what(), e.sqlstate()};
     } catch (const RunTimeFault& e) {
         return {e.number(), kProgramSource, e.description()};
     } catch (const std::bad_alloc&) {
@@ -77,8 +80,10 @@ std::string ErrorText(const std::string& Msg, const std::string& Location,
         return Msg;
     if (pending == nullptr)
         return {};
-    return "C-Error " + std::to_string(pending->number) + " raised by " + pending->source + " in " +
-           Location + "\r" + pending->description;
+    const std::string number =
+        pending->state.empty() ? std::to_string(pending->number) : pending->state;
+    return "C-Error " + number + " raised by " + pending->source + " in " + Location + "\r" +
+           pending->description;
 }
 
 }  // namespace tb

@@ -45,11 +45,19 @@ void ShowMessage(const std::string& Msg);
 bool AskYesNo(const std::string& question, const std::string& title = "Tallyboard");
 void Beep();
 
-// The run-time error an operation caught: its number, source and description.
+// The run-time error an operation caught: its number, source and description. The server's
+// errors are numbered by their SQLSTATE, which is not always a number ("42P01").
 struct PendingError {
+    PendingError(long number, std::string source, std::string description, std::string state = {})
+        : number(number),
+          source(std::move(source)),
+          description(std::move(description)),
+          state(std::move(state)) {}
+
     long number = 0;
     std::string source;
     std::string description;
+    std::string state;
 };
 
 // Describes the exception being handled; call only inside a catch block.

@@ -8,7 +8,7 @@ namespace {
 
 // A missing first or family name leaves its part of "Family, First" empty.
 constexpr const char* kPeople = R"sql(
-SELECT People.Id, ifnull(People.Lastname, '') || ', ' || ifnull(People.Firstname, '') AS Person,
+SELECT People.Id, coalesce(People.Lastname, '') || ', ' || coalesce(People.Firstname, '') AS Person,
        People.City, People.Postcode
 FROM People
 ORDER BY People.Lastname, People.Firstname)sql";

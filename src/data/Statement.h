@@ -1,49 +1,33 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
-#include <vector>
 
 #include "data/Value.h"
 
-struct sqlite3;
-struct sqlite3_stmt;
-
 namespace tb {
 
-// A statement prepared once on a connection and run again and again with new parameters. Rows
-// are read straight from SQLite: a report reads tens of thousands of cells, and a wrapper object
-// per cell cost a tenth of its time. Failures throw SQLite::Exception with SQLite's own text.
+// A statement prepared once on a connection and run again and again with new parameters; each
+// engine reads its rows in its own way. Failures throw the engine's own error with its text.
 class Statement {
 public:
-    Statement(sqlite3* db, std::string_view sql);
-    ~Statement();
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
+    virtual ~Statement() = default;
 
     // Forgets the last run and its parameters.
-    void Restart();
-    void Bind(int index, const Value& value);
-    void Bind(int index, double value);
-    void Bind(int index, std::int64_t value);
+    virtual void Restart() = 0;
+    // Parameters count from 1, in the order the statement's placeholders first appear.
+    virtual void Bind(int index, const Value& value) = 0;
+    virtual void Bind(int index, double value) = 0;
+    virtual void Bind(int index, std::int64_t value) = 0;
 
     // Steps to the next row; false when there is none left.
-    bool Step();
+    virtual bool Step() = 0;
     // Runs to the end and gives the number of rows changed.
-    int Execute();
+    virtual int Execute() = 0;
 
-    int Columns() const { return columns_; }
-    // The column's value: Date/Time and Yes/No columns, declared as such, read back with their
-    // type.
-    Value Read(int column) const;
-
-private:
-    enum class ColumnKind : char { Plain, Date, Boolean };
-
-    sqlite3* db_;
-    sqlite3_stmt* statement_ = nullptr;
-    int columns_ = 0;
-    std::vector<ColumnKind> kinds_;
+    // Known once the statement has run (after the first Step).
+    virtual int Columns() const = 0;
+    // The column's value: Date/Time and Yes/No columns of a table read back with their type.
+    virtual Value Read(int column) const = 0;
 };
 
 }  // namespace tb

@@ -1,41 +1,40 @@
 #include "data/Transaction.h"
 
-#include <SQLiteCpp/Exception.h>
-#include <sqlite3.h>
+#include "data/Connection.h"
+#include "data/Schema.h"
 
 namespace tb {
 
-namespace {
-void Exec(sqlite3* db, const char* sql) {
-    const int rc = sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
-    if (rc != SQLITE_OK)
-        throw SQLite::Exception(db, rc);
-}
-}  // namespace
-
-Transaction::Transaction(sqlite3* db) : db_(db) {
-    if (sqlite3_get_autocommit(db_) != 0) {
-        Exec(db_, "BEGIN IMMEDIATE");
+Transaction::Transaction(Connection& connection, bool writer) : connection_(connection) {
+    if (!connection_.InTransaction()) {
+        connection_.Begin(writer);
         owner_ = true;
     } else {
-        Exec(db_, "SAVEPOINT operation");
+        connection_.Exec("SAVEPOINT operation");
     }
 }
 
 Transaction::~Transaction() {
     if (done_)
         return;
-    if (owner_) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-    } else {
-        sqlite3_exec(db_, "ROLLBACK TO operation", nullptr, nullptr, nullptr);
-        sqlite3_exec(db_, "RELEASE operation", nullptr, nullptr, nullptr);
+    // Undoing never throws past here: a connection already lost has nothing to undo.
+    try {
+        if (owner_) {
+            connection_.Exec("ROLLBACK");
+            // A server's AutoNumber does not take back the Ids an undone insert drew; SQLite's
+            // does, and the next record must get the same Id on both.
+            ResetIdentities(connection_);
+        } else {
+            connection_.Exec("ROLLBACK TO operation");
+            connection_.Exec("RELEASE operation");
+        }
+    } catch (...) {
     }
 }
 
 void Transaction::Commit() {
     if (!done_)
-        Exec(db_, owner_ ? "COMMIT" : "RELEASE operation");
+        connection_.Exec(owner_ ? "COMMIT" : "RELEASE operation");
     done_ = true;
 }
 

@@ -1,35 +1,27 @@
 #include "data/clResults.h"
 
-#include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Statement.h>
-#include <sqlite3.h>
+#include <filesystem>
 
 #include "app/Globals.h"
+#include "data/Connection.h"
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/RunTimeFault.h"
+#include "data/Schema.h"
+#include "data/ServerError.h"
 #include "data/Transaction.h"
 
 namespace tb {
 
 namespace {
 
-constexpr int kBusyTimeoutMs = 5000;
+// How often an operation that another officer's got in the way of is run again before the
+// conflict becomes its message.
+constexpr int kAttempts = 5;
 
-// The tables every Tallyboard database has; a file without them is not one of ours.
-constexpr const char* kTables[] = {
-    "People",  "BoatType",      "Boat",     "HandicapType", "Handicap", "Scoring",
-    "Points",  "DiscardSystem", "Discards", "Series",       "Schedule", "Class",
-    "Entrant", "EntryList",     "Start",    "Results",      "Status",   "Settings"};
-
-void CheckTallyboardTables(SQLite::Database& db) {
-    SQLite::Statement st(db,
-                         "SELECT count(*) FROM sqlite_master WHERE type='table' AND name=:table");
-    for (const char* table : kTables) {
-        st.reset();
-        st.bind(":table", table);
-        st.executeStep();
-        if (st.getColumn(0).getInt() == 0) {
+void CheckTallyboardTables(Connection& db) {
+    for (const char* table : kTallyboardTables) {
+        if (!db.HasTable(table)) {
             throw RunTimeFault(
                 3078, std::string("The database engine cannot find the input table '") + table +
                           "'. The file is not a Tallyboard database.");
@@ -48,6 +40,19 @@ void clResults::CloseConnection() {
     Connected_ = false;
 }
 
+std::string clResults::CheckDataFile(const std::string& DataFile) {
+    if (IsServerAddress(DataFile)) {
+        if (HoldsPassword(DataFile))
+            return "E-The data file " + DataFile +
+                   " holds a password, which is never kept: put it in ~/.pgpass instead";
+        return {};
+    }
+    std::error_code ec;
+    if (!std::filesystem::exists(DataFile, ec))
+        return "E-The data file " + DataFile + " was not found";
+    return {};
+}
+
 std::string clResults::SqlQuote(const std::string& Text) {
     std::string quoted;
     quoted.reserve(Text.size());
@@ -63,10 +68,7 @@ std::string clResults::ConnectDb() {
     if (Connected_)
         return {};
     try {
-        // One thread uses a connection at a time, so SQLite need not lock it on every call
-        // (reading a row set column by column made that a twentieth of a report's time).
-        auto db = std::make_unique<SQLite::Database>(
-            DataFile, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, kBusyTimeoutMs);
+        auto db = OpenConnection(DataFile);
         CheckTallyboardTables(*db);
         Cn = std::move(db);
         Connected_ = true;
@@ -86,25 +88,58 @@ std::string clResults::Run(const char* location, Shape shape,
         return Msg;
     }
     try {
-        if (shape == Shape::Query)
+        // SQLite reads without a transaction; a server's reads take one, so that an operation
+        // sees one state of the data while other officers write.
+        if (shape == Shape::Query && Cn->engine() == Engine::SQLite)
             return body();
-        Transaction transaction(Cn->getHandle());
-        Msg = body();
-        if (Msg.empty() && shape == Shape::Store)
-            Msg = StampModified();
-        transaction.Commit();
+        return Atomically(
+            [&] {
+                std::string Msg = body();
+                if (Msg.empty() && shape == Shape::Store)
+                    Msg = StampModified();
+                return Msg;
+            },
+            shape != Shape::Query);
+    } catch (const ServerError& e) {
+        // Inside another operation's transaction, the outermost runs the whole again.
+        if (e.IsConflict() && Cn->InTransaction())
+            throw;
+        return Failed(location);
     } catch (...) {
-        const PendingError pending = DescribeCurrentException();
-        return ErrorText({}, location, &pending);
+        return Failed(location);
     }
-    return Msg;
+}
+
+std::string clResults::Failed(const char* location) {
+    const PendingError pending = DescribeCurrentException();
+    // A server that went away is reached again by the next operation.
+    if (Cn != nullptr && !Cn->Usable())
+        CloseConnection();
+    return ErrorText({}, location, &pending);
+}
+
+std::string clResults::Atomically(const std::function<std::string()>& body, bool writer) {
+    for (int attempt = 1;; ++attempt) {
+        Transaction transaction(*Cn, writer);
+        try {
+            std::string Msg = body();
+            transaction.Commit();
+            return Msg;
+        } catch (const ServerError& e) {
+            if (!e.IsConflict() || !transaction.owner() || attempt == kAttempts)
+                throw;
+        }
+    }
+}
+
+std::string_view clResults::ForEngine(std::string_view sqlite, std::string_view postgres) const {
+    return Cn->engine() == Engine::PostgreSQL ? postgres : sqlite;
 }
 
 Statement& clResults::Prepared(std::string_view sql) {
     auto it = statements_.find(std::string(sql));
     if (it == statements_.end()) {
-        auto st = std::make_unique<Statement>(Cn->getHandle(), sql);
-        it = statements_.emplace(std::string(sql), std::move(st)).first;
+        it = statements_.emplace(std::string(sql), Cn->Prepare(sql)).first;
     }
     Statement& st = *it->second;
     st.Restart();
@@ -117,8 +152,8 @@ RowSet clResults::Query(std::string_view sql, const std::vector<Value>& params) 
     for (const Value& p : params)
         st.Bind(index++, p);
     RowSet rows;
-    const int columns = st.Columns();
     while (st.Step()) {
+        const int columns = st.Columns();
         Value* row = rows.AddNullRow(static_cast<std::size_t>(columns));
         for (int c = 0; c < columns; ++c)
             row[c] = st.Read(c);
@@ -138,7 +173,7 @@ int clResults::Execute(std::string_view sql, const std::vector<Value>& params) {
 }
 
 std::int64_t clResults::LastInsertId() const {
-    return Cn->getLastInsertRowid();
+    return Cn->LastInsertId();
 }
 
 }  // namespace tb

@@ -19,11 +19,9 @@
 #include "exchange/Columns.h"
 #include "exchange/Csv.h"
 
-namespace SQLite {
-class Database;
-}  // namespace SQLite
-
 namespace tb {
+
+class Connection;
 
 struct ScopeResult;
 struct SeriesImport;
@@ -51,6 +49,15 @@ public:
     bool Connected() const { return Connected_; }
     // Closes the connection, ignoring errors; the next operation opens it again (with DataFile).
     void CloseConnection();
+
+    // Copies the whole database, every Id kept, to Target: a new file (never an existing one) or
+    // a PostgreSQL database that is empty or holds only what a new database holds. All or
+    // nothing: a failure leaves no file behind and nothing written on the server.
+    std::string CopyDatabase(const std::string& Target);
+
+    // Checks a data file text before it is kept in the settings: a file that exists, or a
+    // PostgreSQL URI (not looked up here) without a password. Returns a message.
+    static std::string CheckDataFile(const std::string& DataFile);
 
     // Doubles every apostrophe and changes nothing else.
     static std::string SqlQuote(const std::string& Text);
@@ -495,6 +502,14 @@ private:
     // at once. Every shape turns a run-time error into the "C-Error" text for its location.
     enum class Shape { Query, Write, Store, Remove };
     std::string Run(const char* location, Shape shape, const std::function<std::string()>& body);
+    // Runs body in one transaction (a savepoint inside another's) and commits what it wrote,
+    // whatever its message. A conflict with another officer's transaction runs it again, a few
+    // times, from the start.
+    std::string Atomically(const std::function<std::string()>& body, bool writer = true);
+    // The "C-Error" text of the exception being handled, for the location.
+    std::string Failed(const char* location);
+    // The SQL text for the engine in use, where the two need their own.
+    std::string_view ForEngine(std::string_view sqlite, std::string_view postgres) const;
 
     std::string ConnectDb();
     std::string StampModified();
@@ -538,7 +553,7 @@ private:
     std::string ReportEntriesXML(short Option, const std::string& Letter, const RowSet& ClassRows,
                                  const RowSet& EntryRows, std::string& Xml);
 
-    std::unique_ptr<SQLite::Database> Cn;
+    std::unique_ptr<Connection> Cn;
     bool Connected_ = false;
     std::unordered_map<std::string, std::unique_ptr<Statement>> statements_;
     ReportMenuTable ReportMenu_;

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <map>
 
-#include <SQLiteCpp/Database.h>
+#include "data/Connection.h"
 
 #include "data/Conversions.h"
 #include "data/Transaction.h"
@@ -131,7 +131,7 @@ std::string clResults::Import(CsvKind Kind, const std::string& FilePath, bool Up
     Counts counts;
     auto& problems = Report.Problems;
     const std::string Msg = Run("ImportCsv", Commit ? Shape::Store : Shape::Write, [&] {
-        Transaction all(Cn->getHandle());
+        Transaction all(*Cn);
         std::string Msg;
         for (const PersonRow& p : rows.People) {
             int id = 0;

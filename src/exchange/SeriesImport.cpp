@@ -1,12 +1,13 @@
 #include <sys/stat.h>
 
-#include <SQLiteCpp/Database.h>
+#include "data/Connection.h"
 
 #include <fstream>
 #include <set>
 #include <sstream>
 #include <tuple>
 
+#include "data/Connection.h"
 #include "data/Conversions.h"
 #include "data/Messages.h"
 #include "data/RunTimeFault.h"
@@ -32,7 +33,7 @@ constexpr const char* kSetGun =
 constexpr const char* kSameHandicap = R"sql(
 SELECT Handicap.Id FROM Handicap
 WHERE Handicap.Boat = ?1 AND Handicap.HandicapType = ?2 AND Handicap.Handicap = ?3
-  AND Handicap.EffectiveFrom = ?4 AND Handicap.Expires IS ?5)sql";
+  AND Handicap.EffectiveFrom = ?4 AND Handicap.Expires IS NOT DISTINCT FROM ?5)sql";
 constexpr const char* kAddHandicap = R"sql(
 INSERT INTO Handicap (HandicapType, Boat, Handicap, EffectiveFrom, Expires, ModifyDate)
 VALUES (?1, ?2, ?3, ?4, ?5, ?6))sql";
@@ -70,7 +71,7 @@ std::string clResults::ImportSeries(const SeriesImport& Plan, ImportCounts& Coun
     const std::string Msg = Run("ImportSeries", Shape::Store, [&] {
         // The register operations below each run in a part of this one transaction; a message
         // from any of them leaves the database as it was.
-        Transaction all(Cn->getHandle());
+        Transaction all(*Cn);
         const auto idOf = [&](const char* sql, const std::string& name) {
             const RowSet rows = Query(sql, {name});
             return rows.IsEmpty() ? 0 : static_cast<int>(rows(kIdColumn, 0).AsInt());

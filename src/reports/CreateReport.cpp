@@ -1,4 +1,3 @@
-#include <SQLiteCpp/Database.h>
 #include <fcntl.h>
 #include <libxml/parser.h>
 #include <libxslt/transform.h>
@@ -9,6 +8,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include "data/Connection.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -23,7 +23,6 @@
 #include "app/Globals.h"
 #include "data/Conversions.h"
 #include "data/RunTimeFault.h"
-#include "data/Transaction.h"
 #include "data/clResults.h"
 #include "reports/Charset.h"
 #include "reports/ReportXmlRules.h"
@@ -338,18 +337,19 @@ std::string clResults::CreateReport(int KindIndex, int ActionIndex, int Viewer, 
             // the report costs one commit.
             Msg = ConnectDb();
             if (Msg.empty()) {
-                Transaction computation(Cn->getHandle());
-                ScopeResults scope;
-                Msg = ComputeResultTimes(RaceId, Problems);
-                if (Msg.empty())
-                    Msg = ComputePoints(RaceId, Option, scope);
-                if (Msg.empty())
-                    Msg = GetRaceResults(RaceId, Option, ClassRows, ResultRows);
-                if (Msg.empty() && Letter != "R")
-                    Msg = ComputeSeriesPoints(RaceId, Option, scope, SeriesPointsRows);
-                if (Msg.empty() && Letter != "R")
-                    Msg = GetCumulativeResults(RaceId, Option, scope, CumulativeRows);
-                computation.Commit();
+                Msg = Atomically([&] {
+                    ScopeResults scope;
+                    std::string Msg = ComputeResultTimes(RaceId, Problems);
+                    if (Msg.empty())
+                        Msg = ComputePoints(RaceId, Option, scope);
+                    if (Msg.empty())
+                        Msg = GetRaceResults(RaceId, Option, ClassRows, ResultRows);
+                    if (Msg.empty() && Letter != "R")
+                        Msg = ComputeSeriesPoints(RaceId, Option, scope, SeriesPointsRows);
+                    if (Msg.empty() && Letter != "R")
+                        Msg = GetCumulativeResults(RaceId, Option, scope, CumulativeRows);
+                    return Msg;
+                });
             }
             if (Msg.empty()) {
                 Msg = ReportRaceResults(Option, Letter, Viewer, ClassRows, ResultRows,

@@ -59,7 +59,7 @@ std::string EntryRowsSql(const std::string& entrantFilter) {
     const std::string columns = R"sql(
        Boat.BoatName, BoatType.Model, Boat.FullSailNo,
        CASE WHEN Entrant.NameOnResults IS NULL
-            THEN ifnull(People.Firstname, '') || ' ' || ifnull(People.Lastname, '')
+            THEN coalesce(People.Firstname, '') || ' ' || coalesce(People.Lastname, '')
             ELSE Entrant.NameOnResults END AS EntrantName,
        CASE WHEN Entrant.EntrantType IN (0, 3) THEN '*' ELSE '' END ||
        CASE WHEN Entrant.EntrantType < 2 THEN '#' ELSE '' END AS EntrantType,

@@ -59,7 +59,7 @@ struct EntryCol {
 // A result without status counts as did-not-compete.
 std::string ResultsInScope(const std::string& raceFilter) {
     return std::string(
-               "SELECT Results.Schedule, Results.Entrant, ifnull(Results.Status, 2), "
+               "SELECT Results.Schedule, Results.Entrant, coalesce(Results.Status, 2), "
                "Results.CorrectedTime, Results.PenaltyPoints, Results.Id, Results.Points") +
            kRacesUpToThis + "JOIN Results ON S1.Id = Results.Schedule WHERE Schedule.Id = ?1" +
            raceFilter;

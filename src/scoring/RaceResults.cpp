@@ -37,7 +37,7 @@ std::string BoatRows(const std::string& entrantFilter) {
     return R"sql(
 SELECT Start.Id, Entrant.Class, Boat.BoatName, Boat.FullSailNo,
        CASE WHEN Entrant.NameOnResults IS NULL
-            THEN ifnull(People.Firstname, '') || ' ' || ifnull(People.Lastname, '')
+            THEN coalesce(People.Firstname, '') || ' ' || coalesce(People.Lastname, '')
             ELSE Entrant.NameOnResults END AS Owner,
        Results.Handicap, Results.FinishTime AS Finished, Results.ElapsedTime AS Elapsed,
        Results.CorrectedTime AS Corrected, Results.Points,

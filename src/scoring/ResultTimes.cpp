@@ -85,21 +85,25 @@ FROM (SELECT EntryList.Entrant AS Entrant,
 WHERE Results.Schedule = ?1 AND Results.Entrant = Chosen.Entrant AND Chosen.Tcf IS NOT NULL)sql";
 
 // Elapsed seconds from the class start; corrected = (elapsed x (1 + percent/100) + minutes x 60)
-// x TCF.
-constexpr const char* kTimes = R"sql(
+// x TCF. The seconds between two dates are counted in each engine's own words.
+std::string TimesSql(std::string_view seconds) {
+    const std::string elapsed(seconds);
+    return R"sql(
 UPDATE Results SET
   ElapsedTime = CASE WHEN Start.StartTime IS NULL OR Results.FinishTime IS NULL THEN 0
-                ELSE strftime('%s', Results.FinishTime) - strftime('%s', Start.StartTime) END,
+                ELSE )sql" +
+           elapsed + R"sql( END,
   CorrectedTime = CASE WHEN Start.StartTime IS NULL OR Results.FinishTime IS NULL
                          OR Results.Handicap IS NULL THEN 0
-                  ELSE ((strftime('%s', Results.FinishTime) - strftime('%s', Start.StartTime))
-                        * (1 + Results.PenaltyPercent / 100.0) + Results.PenaltyMins * 60)
+                  ELSE (()sql" +
+           elapsed + R"sql() * (1 + Results.PenaltyPercent / 100.0) + Results.PenaltyMins * 60)
                        * Results.Handicap END
 FROM EntryList
 JOIN Entrant ON Entrant.Id = EntryList.Entrant
 JOIN Start ON Start.Class = Entrant.Class
 WHERE Results.Schedule = ?1 AND EntryList.Schedule = Results.Schedule
   AND EntryList.Entrant = Results.Entrant AND Start.Schedule = Results.Schedule)sql";
+}
 
 }  // namespace
 
@@ -123,7 +127,10 @@ std::string clResults::ComputeResultTimes(int RaceId, RowSet& Problems) {
             Execute(kMissingResults, {RaceId});
         Execute(kDefaultHandicap, {RaceId});
         Execute(kValidHandicap, {RaceId});
-        Execute(kTimes, {RaceId});
+        Execute(TimesSql(ForEngine(
+                    "strftime('%s', Results.FinishTime) - strftime('%s', Start.StartTime)",
+                    "extract(epoch FROM Results.FinishTime - Start.StartTime)")),
+                {RaceId});
         return std::string();
     });
 }

@@ -64,7 +64,7 @@ constexpr SystemTable kDiscardTable{
     "UPDATE DiscardSystem SET Description=?1 WHERE Id=?2"};
 
 // The rows of a system carry no key of their own: they are overwritten in their listed order,
-// and missing ones are added.
+// after the missing ones are added. Each engine names a row by its own hidden key ("rowid").
 constexpr const char* kPointsRows =
     "SELECT rowid FROM Points WHERE Scoring=?1 ORDER BY Status, Place, rowid";
 constexpr const char* kAddPointsRow = "INSERT INTO Points (Scoring) VALUES (?1)";
@@ -82,6 +82,14 @@ constexpr const char* kRemoveScoring = "DELETE FROM Scoring WHERE Id=?1";
 constexpr const char* kRemoveScoringPoints = "DELETE FROM Points WHERE Scoring=?1";
 constexpr const char* kRemoveDiscardSystem = "DELETE FROM DiscardSystem WHERE Id=?1";
 constexpr const char* kRemoveDiscardLines = "DELETE FROM Discards WHERE DiscardSystem=?1";
+
+std::string WithRowKey(std::string_view sql, std::string_view key) {
+    std::string text(sql);
+    for (auto at = text.find("rowid"); at != std::string::npos;
+         at = text.find("rowid", at + key.size()))
+        text.replace(at, 5, key);
+    return text;
+}
 
 constexpr std::size_t kPlaces = 7;
 constexpr std::size_t kStatusRows = 8;
@@ -190,38 +198,35 @@ std::string clResults::PutScoring(int ScoringId, const std::string& ScoringName,
         const StatusGroup dnf{BaseDNF, 7, 10};
         const std::array<StatusGroup, kStatusRows> groupOfStatus{dsq, dnc, dsq, dnf,
                                                                  dnf, dsq, dnf, dnf};
-        const RowSet pointsRows = Query(kPointsRows, {*scoringId});
+        const std::string_view rowKey = ForEngine("rowid", "ctid");
+        for (std::size_t i = Query(WithRowKey(kPointsRows, rowKey), {*scoringId}).Rows();
+             i < kStatusRows + kPlaces; ++i)
+            Execute(kAddPointsRow, {*scoringId});
+        const RowSet pointsRows = Query(WithRowKey(kPointsRows, rowKey), {*scoringId});
         for (std::size_t i = 0; i < kStatusRows + kPlaces; ++i) {
-            long long row = 0;
-            if (i < pointsRows.Rows()) {
-                row = pointsRows(kOnlyColumn, i).AsInt();
-            } else {
-                Execute(kAddPointsRow, {*scoringId});
-                row = LastInsertId();
-            }
+            const Value& row = pointsRows(kOnlyColumn, i);
             if (i < kStatusRows) {
                 const StatusGroup& group = groupOfStatus[i];
-                Execute(kSetStatusPoints, {static_cast<int>(i + 1), group.base, points[group.value],
-                                           points[group.minimum], row});
+                Execute(WithRowKey(kSetStatusPoints, rowKey),
+                        {static_cast<int>(i + 1), group.base, points[group.value],
+                         points[group.minimum], row});
             } else {
                 const std::size_t place = i - kStatusRows;
-                Execute(kSetPlacePoints, {static_cast<int>(place + 1), points[place], row});
+                Execute(WithRowKey(kSetPlacePoints, rowKey),
+                        {static_cast<int>(place + 1), points[place], row});
             }
         }
 
         const auto discardId = saveHeader(kDiscardTable, DiscardId, DiscardName);
         if (!discardId)
             return nameTaken(kDiscardTable, DiscardName);
-        const RowSet discardRows = Query(kDiscardRows, {*discardId});
+        for (std::size_t line = Query(WithRowKey(kDiscardRows, rowKey), {*discardId}).Rows();
+             line < kDiscardLines; ++line)
+            Execute(kAddDiscardRow, {*discardId});
+        const RowSet discardRows = Query(WithRowKey(kDiscardRows, rowKey), {*discardId});
         for (std::size_t line = 0; line < kDiscardLines; ++line) {
-            long long row = 0;
-            if (line < discardRows.Rows()) {
-                row = discardRows(kOnlyColumn, line).AsInt();
-            } else {
-                Execute(kAddDiscardRow, {*discardId});
-                row = LastInsertId();
-            }
-            Execute(kSetDiscardRow,
+            const Value& row = discardRows(kOnlyColumn, line);
+            Execute(WithRowKey(kSetDiscardRow, rowKey),
                     {LineNumber(Discards[0][line]), LineNumber(Discards[1][line]), row});
         }
         return std::string();

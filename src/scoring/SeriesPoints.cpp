@@ -56,7 +56,7 @@ struct LatestFirstCol {
 std::string EntrantResults(const std::string& filters) {
     return R"sql(
 SELECT Results.Id, Results.Schedule, Results.Entrant, Entrant.Class,
-       ifnull(Results.Status, 2), Results.Points
+       coalesce(Results.Status, 2), Results.Points
 FROM Schedule
 JOIN Schedule AS S1 ON Schedule.RaceDate >= S1.RaceDate AND Schedule.Series = S1.Series
 JOIN Results ON S1.Id = Results.Schedule

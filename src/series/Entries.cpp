@@ -31,9 +31,10 @@ struct EntrantCol {
     enum : std::size_t { Id, Class, HandicapType, EntrantType, Entrant, EntryDate, NameOnResults };
 };
 
-// The TCF of each entered race, or "  **" for a race without a valid handicap.
+// The TCF of each entered race; a race without a valid handicap is flagged in the third column
+// (one column may hold a number or a text on SQLite only).
 constexpr const char* kEntrantRaces = R"sql(
-SELECT EntryList.Schedule, Handicap.Handicap
+SELECT EntryList.Schedule, Handicap.Handicap, 0
 FROM EntryList
 JOIN Entrant ON EntryList.Entrant = Entrant.Id
 JOIN Class ON Class.Id = Entrant.Class
@@ -43,7 +44,7 @@ WHERE (Handicap.EffectiveFrom <= Schedule.RaceDate OR Handicap.EffectiveFrom IS 
   AND (Handicap.Expires >= Schedule.RaceDate OR Handicap.Expires IS NULL)
   AND Entrant.Id = ?1
 UNION ALL
-SELECT EntryList.Schedule, '  **'
+SELECT EntryList.Schedule, NULL, 1
 FROM EntryList
 JOIN Entrant ON Entrant.Id = EntryList.Entrant
 JOIN Class ON Class.Id = Entrant.Class
@@ -52,7 +53,8 @@ WHERE EntryList.Entrant = ?1
   AND NOT EXISTS (SELECT 1 FROM Handicap
                   WHERE Handicap.Boat = Entrant.Boat AND Handicap.HandicapType = Class.HandicapType
                     AND (Handicap.EffectiveFrom <= Schedule.RaceDate OR Handicap.EffectiveFrom IS NULL)
-                    AND (Handicap.Expires >= Schedule.RaceDate OR Handicap.Expires IS NULL)))sql";
+                    AND (Handicap.Expires >= Schedule.RaceDate OR Handicap.Expires IS NULL))
+ORDER BY 3, 1)sql";
 
 constexpr const char* kFindEntrant = "SELECT Id FROM Entrant WHERE Boat=?1 AND Series=?2";
 constexpr const char* kAddEntrant = R"sql(
@@ -64,7 +66,7 @@ WHERE Id=?6)sql";
 constexpr const char* kEntrantRaceRows = "SELECT Schedule FROM EntryList WHERE Entrant=?1";
 constexpr const char* kLeaveRace = "DELETE FROM EntryList WHERE Entrant=?1 AND Schedule=?2";
 constexpr const char* kEnterRace =
-    "INSERT OR IGNORE INTO EntryList (Entrant, Schedule) VALUES (?1, ?2)";
+    "INSERT INTO EntryList (Entrant, Schedule) VALUES (?1, ?2) ON CONFLICT DO NOTHING";
 
 constexpr const char* kRemoveResults = "DELETE FROM Results WHERE Entrant=?1";
 constexpr const char* kRemoveEntryList = "DELETE FROM EntryList WHERE Entrant=?1";
@@ -117,8 +119,17 @@ std::string clResults::GetEntryDetails(int BoatId, int SeriesId, int& EntrantPer
                         ? std::string()
                         : FormatDate(entrant(EntrantCol::EntryDate, 0).AsDate(), "dd/mm/yyyy");
         NameOnResults = entrant(EntrantCol::NameOnResults, 0).ToText();
-        if (entrantId.AsInt() >= 1)
-            RaceRows = Query(kEntrantRaces, {entrantId});
+        if (entrantId.AsInt() < 1)
+            return std::string();
+        RaceRows = RowSet();
+        const RowSet races = Query(kEntrantRaces, {entrantId});
+        constexpr std::size_t kNoHandicap = 2;
+        for (std::size_t r = 0; !races.IsEmpty() && r < races.Rows(); ++r) {
+            RaceRows.AddRow(
+                {races(EntrantRacesCol::Race, r), races(kNoHandicap, r).AsInt() == 1
+                                                      ? Value("  **")
+                                                      : races(EntrantRacesCol::Handicap, r)});
+        }
         return std::string();
     });
 }

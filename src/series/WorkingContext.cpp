@@ -5,15 +5,16 @@ namespace tb {
 
 namespace {
 
-// Years of races that belong to a series, newest first; dates are stored "YYYY-MM-DD ...".
+// Years of races that belong to a series, newest first; dates are stored, and read as text,
+// "YYYY-MM-DD ...".
 constexpr const char* kYears = R"sql(
-SELECT DISTINCT substr(Schedule.RaceDate, 1, 4)
+SELECT DISTINCT substr(CAST(Schedule.RaceDate AS TEXT), 1, 4)
 FROM Series JOIN Schedule ON Series.Id = Schedule.Series
-ORDER BY substr(Schedule.RaceDate, 1, 4) DESC)sql";
+ORDER BY substr(CAST(Schedule.RaceDate AS TEXT), 1, 4) DESC)sql";
 constexpr const char* kSeriesOfYear = R"sql(
 SELECT DISTINCT Series.Id, Series.Title
 FROM Series JOIN Schedule ON Series.Id = Schedule.Series
-WHERE substr(Schedule.RaceDate, 1, 4) = ?1
+WHERE substr(CAST(Schedule.RaceDate AS TEXT), 1, 4) = ?1
 ORDER BY Series.Title)sql";
 constexpr const char* kAllSeries =
     "SELECT Series.Id, Series.Title FROM Series ORDER BY Series.Title";

@@ -194,11 +194,15 @@ void frmOptions::ListSeries_Click() {
 }
 
 // Both paths are checked before either is stored, so a refused path leaves the store as it was.
+// The data file may be a server's URI, which is tried when the next operation connects.
 std::string frmOptions::SavePaths() {
     const std::string dataFile = Trimmed(ui->tDataFile->text());
     const std::string reportDir = Trimmed(ui->tReportDir->text());
-    if (!dataFile.empty() && !QFileInfo::exists(QString::fromStdString(dataFile)))
-        return "E-The data file " + dataFile + " was not found";
+    if (!dataFile.empty()) {
+        std::string Msg = clResults::CheckDataFile(dataFile);
+        if (!Msg.empty())
+            return Msg;
+    }
     if (!reportDir.empty() && !QFileInfo(QString::fromStdString(reportDir)).isDir())
         return "E-The report directory " + reportDir + " was not found";
     if (!dataFile.empty())

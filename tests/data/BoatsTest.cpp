@@ -31,7 +31,7 @@ protected:
                     const std::string& expires = "") {
         EXPECT_EQ(results.PutHandicapDetails(0, boat, static_cast<short>(type), tcf, from, expires),
                   "");
-        return static_cast<int>(db.raw().getLastInsertRowid());
+        return std::stoi(db.Text("SELECT max(Id) FROM Handicap"));
     }
 
     test::TestDatabase db;

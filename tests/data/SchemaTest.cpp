@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <SQLiteCpp/Statement.h>
-
+#include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <sstream>
 
 #include "data/Schema.h"
 #include "support/Checks.h"
@@ -27,24 +28,32 @@ std::map<std::string, std::string> ListedFormat() {
     return tables;
 }
 
+// The server folds the names to lower case.
+std::map<std::string, std::string> Folded(const std::map<std::string, std::string>& tables) {
+    const auto lower = [](std::string text) {
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        return text;
+    };
+    std::map<std::string, std::string> folded;
+    for (const auto& [table, columns] : tables) {
+        std::string names;
+        std::istringstream list(columns);
+        for (std::string column; std::getline(list >> std::ws, column, ',');) {
+            const std::size_t space = column.find(' ');
+            names +=
+                (names.empty() ? "" : ", ") + lower(column.substr(0, space)) + column.substr(space);
+        }
+        folded[lower(table)] = names;
+    }
+    return folded;
+}
+
 TEST(Schema, EveryTableHasTheListedColumnsInOrder) {
     TestDatabase db;
     const auto listed = ListedFormat();
     ASSERT_EQ(listed.size(), 18u);
-    std::map<std::string, std::string> made;
-    SQLite::Statement tables(db.raw(),
-                             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT "
-                             "LIKE 'sqlite_%'");
-    while (tables.executeStep()) {
-        const std::string table = tables.getColumn(0).getString();
-        SQLite::Statement columns(db.raw(),
-                                  "SELECT group_concat(name || ' ' || type, ', ') FROM "
-                                  "(SELECT name, type FROM pragma_table_info(?1) ORDER BY cid)");
-        columns.bind(1, table);
-        if (columns.executeStep())
-            made[table] = columns.getColumn(0).getString();
-    }
-    EXPECT_EQ(made, listed);
+    EXPECT_EQ(db.Format(), TestDatabase::OnServer() ? Folded(listed) : listed);
 }
 
 TEST(Schema, ANewDatabaseListsTheOutcomesInTheOrderTheResultsWindowExpects) {
@@ -52,9 +61,11 @@ TEST(Schema, ANewDatabaseListsTheOutcomesInTheOrderTheResultsWindowExpects) {
     EXPECT_EQ(db.Text("SELECT Code FROM Status WHERE Id=9"), "OK");
     // Listed by code, DNC stands at position 1 and a finish (OK) at position 7: the results
     // window switches between those two as a time is typed.
-    EXPECT_EQ(db.Text("SELECT group_concat(Id) FROM (SELECT Id FROM Status ORDER BY Code)"),
-              "1,2,3,4,5,6,7,9,8");
-    EXPECT_EQ(db.Text("PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(db.Column("SELECT Id FROM Status ORDER BY Code"),
+              (std::vector<std::string>{"1", "2", "3", "4", "5", "6", "7", "9", "8"}));
+    if (!TestDatabase::OnServer()) {
+        EXPECT_EQ(db.Text("PRAGMA journal_mode"), "wal");
+    }
 }
 
 // The invariants hold in the file itself, whatever program writes to it.
@@ -63,7 +74,7 @@ TEST(Schema, RefusesASecondRowWhereOneIsTheRule) {
     for (const auto& row : test::DataFileRows("data/one-row-rules.tsv")) {
         if (row.at(1) == "1")
             db.Exec(row[0]);
-        EXPECT_THROW(db.Exec(row[0]), SQLite::Exception) << row[0];
+        EXPECT_THROW(db.Exec(row[0]), std::runtime_error) << row[0];
     }
 }
 

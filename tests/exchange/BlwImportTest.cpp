@@ -24,9 +24,8 @@ const std::string kData = std::string(TALLYBOARD_TEST_DATA) + "/blw/";
 std::string Imported(test::TestDatabase& db) {
     std::string text;
     for (const auto& row : test::DataFileRows("exchange/imported.sql")) {
-        SQLite::Statement query(db.raw(), row.at(0));
-        while (query.executeStep())
-            text += query.getColumn(0).getString() + "\n";
+        for (const std::string& line : db.Lines(row.at(0)))
+            text += line + "\n";
         text += "--\n";
     }
     return text;

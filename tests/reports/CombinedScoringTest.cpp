@@ -1,7 +1,6 @@
 // The combined report scores the race, the discards and the standings in one pass over the
 // results; run one by one, the computations must leave the same figures.
 
-#include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -39,13 +38,9 @@ protected:
 
     // Every result's points in Id order, then every entrant's series total.
     std::vector<double> Stored() {
-        std::vector<double> figures;
-        for (const char* sql : {"SELECT Points FROM Results ORDER BY Id",
-                                "SELECT SeriesPoints FROM Entrant ORDER BY Id"}) {
-            SQLite::Statement st(db.raw(), sql);
-            while (st.executeStep())
-                figures.push_back(st.getColumn(0).getDouble());
-        }
+        std::vector<double> figures = db.Numbers("SELECT Points FROM Results ORDER BY Id");
+        for (double total : db.Numbers("SELECT SeriesPoints FROM Entrant ORDER BY Id"))
+            figures.push_back(total);
         return figures;
     }
 

@@ -111,7 +111,10 @@ TEST_F(ReportFilesTest, MakingAReportAgainOverwritesItsFile) {
 TEST_F(ReportFilesTest, StrayMarkupAndBytesAreWrittenAsText) {
     fs::copy(ProgramFolder() + "/Reports", reports(),
              fs::copy_options::overwrite_existing | fs::copy_options::recursive);
-    db.Exec("UPDATE Boat SET BoatName = 'Gull' || CAST(X'FF' AS TEXT) WHERE BoatName = 'Gull'");
+    // A file may hold a byte that is no UTF-8; the server refuses one.
+    const bool strayByte = !test::TestDatabase::OnServer();
+    if (strayByte)
+        db.Exec("UPDATE Boat SET BoatName = 'Gull' || CAST(X'FF' AS TEXT) WHERE BoatName = 'Gull'");
     for (const auto& row : test::DataFileRows("reports/footnotes.tsv")) {
         const std::string& footnote = row.at(0);
         db.Exec("UPDATE Start SET Footnote = '" + clResults::SqlQuote(footnote) + "'" +
@@ -125,7 +128,7 @@ TEST_F(ReportFilesTest, StrayMarkupAndBytesAreWrittenAsText) {
         UseMenu(MenuOf("x=results.xsl,,,0,1"));
         ASSERT_EQ(Make('R', path), "") << footnote;
         EXPECT_NE(ReadFile(path).find(row.at(2)), std::string::npos) << footnote;
-        EXPECT_NE(ReadFile(path).find(">Gull\xEF\xBF\xBD<"), std::string::npos);
+        EXPECT_TRUE(!strayByte || ReadFile(path).find(">Gull\xEF\xBF\xBD<") != std::string::npos);
         for (const char* shown :
              {"DNF +5min Hit mark", "Jo \"Skip\" O'Hara", "Riverside &amp; District \"SC\""})
             EXPECT_NE(ReadFile(path).find(shown), std::string::npos) << shown;

@@ -18,11 +18,6 @@ class ResultRecordingTest : public ::testing::Test {
 protected:
     void SetUp() override { db.Exec(test::DataFile("scoring/result-recording.sql")); }
 
-    std::string Column(const std::string& column, int entrant = 1, int race = 10) {
-        return db.Text("SELECT " + column + " FROM Results WHERE Entrant=" +
-                       std::to_string(entrant) + " AND Schedule=" + std::to_string(race));
-    }
-
     test::TestDatabase db;
     clResults results;
 };
@@ -31,9 +26,10 @@ TEST_F(ResultRecordingTest, PutResultCreatesOneRowThenUpdatesIt) {
     ASSERT_EQ(results.PutResult(10, 1, "143512", "12 Jun 2005", 9, "2", "10", "-1", "Hit mark"),
               "");
     EXPECT_EQ(db.Count("Results"), 1);
-    EXPECT_EQ(Column("FinishTime || '|' || Status || '|' || PenaltyMins || '|' || PenaltyPercent "
-                     "|| '|' || PenaltyPoints || '|' || Notes"),
-              "2005-06-12 14:35:12|9|2.0|10.0|-1.0|Hit mark");
+    EXPECT_EQ(db.Lines("SELECT FinishTime, Status, PenaltyMins, PenaltyPercent, PenaltyPoints, "
+                       "Notes FROM Results",
+                       "|"),
+              std::vector<std::string>{"2005-06-12 14:35:12|9|2.0|10.0|-1.0|Hit mark"});
     EXPECT_TRUE(db.Stamped());
 
     // The second save of the same boat and race changes that row: empty texts store 0 and Null.
@@ -47,7 +43,8 @@ TEST_F(ResultRecordingTest, PutResultCreatesOneRowThenUpdatesIt) {
     // Another race of the same boat is another row.
     ASSERT_EQ(results.PutResult(11, 1, "090000", "20 Jun 2005", 9, "1.5", "", "", ""), "");
     EXPECT_EQ(db.Count("Results"), 2);
-    EXPECT_EQ(Column("FinishTime || '|' || PenaltyMins", 1, 11), "2005-06-20 09:00:00|1.5");
+    EXPECT_EQ(db.Lines("SELECT FinishTime, PenaltyMins FROM Results WHERE Schedule=11", "|"),
+              std::vector<std::string>{"2005-06-20 09:00:00|1.5"});
 }
 
 TEST_F(ResultRecordingTest, TextsThatAreNotAFinishOrANumberStoreNothing) {

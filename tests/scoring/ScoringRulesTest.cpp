@@ -93,9 +93,10 @@ TEST_F(ScoringRulesTest, HandicapsChosenAndProblemsListed) {
     ASSERT_EQ(results.ComputeResultTimes(raceId, problems), "");
     EXPECT_EQ(test::Rendered(problems), test::Expected("scoring/handicap-problems.txt", "race"));
     // Without a handicap: 9.999, so far behind; with two, the later one.
-    EXPECT_EQ(db.Text("SELECT group_concat(Handicap || '/' || CorrectedTime, ' ') FROM "
-                      "(SELECT * FROM Results WHERE Entrant IN (2, 3) ORDER BY Entrant)"),
-              "9.999/35996.4 0.9/3600.0");
+    EXPECT_EQ(db.Lines("SELECT Handicap, CorrectedTime FROM Results WHERE Entrant IN (2, 3) "
+                       "ORDER BY Entrant",
+                       "/"),
+              (std::vector<std::string>{"9.999/35996.4", "0.9/3600.0"}));
 }
 
 TEST_F(ScoringRulesTest, LaterRacesBringDidNotCompeteResultsForEveryEarlierRace) {
@@ -118,10 +119,10 @@ TEST_F(ScoringRulesTest, NoStartTimeMeansNoTimesAndNoPoints) {
     season.Exec("UPDATE Start SET StartTime=NULL");
     season.Finish(raceId, entrant[0], 3600);
     ASSERT_EQ(Score(), "");
-    EXPECT_EQ(db.Text("SELECT ElapsedTime || '/' || CorrectedTime || '/' || Points FROM Results "
-                      "WHERE Entrant=" +
-                      std::to_string(entrant[0])),
-              "0.0/0.0/0.0");
+    EXPECT_EQ(db.Lines("SELECT ElapsedTime, CorrectedTime, Points FROM Results WHERE Entrant=" +
+                           std::to_string(entrant[0]),
+                       "/"),
+              std::vector<std::string>{"0.0/0.0/0.0"});
 }
 
 TEST_F(ScoringRulesTest, MessagesWhenThereIsNothingToReport) {
@@ -142,9 +143,9 @@ TEST_F(ScoringRulesTest, ARunTimeErrorLeavesTheResultsAsTheyWere) {
     Finishes({3600, 3700});
     ASSERT_EQ(Score(), "");
     season.Exec("DELETE FROM Points WHERE Scoring=1 AND Place=7");  // a broken scoring system
-    const std::string before = db.Text("SELECT group_concat(Points) FROM Results");
+    const std::vector<std::string> before = db.Column("SELECT Points FROM Results ORDER BY Id");
     EXPECT_TRUE(test::IsRunTimeError(results.ComputePoints(raceId, 2), "ComputePoints"));
-    EXPECT_EQ(db.Text("SELECT group_concat(Points) FROM Results"), before);
+    EXPECT_EQ(db.Column("SELECT Points FROM Results ORDER BY Id"), before);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "SeasonBuilder.h"
 
-#include <SQLiteCpp/Statement.h>
+#include <cstdio>
 
 namespace tb::test {
 
@@ -54,19 +54,25 @@ void SeasonBuilder::EnterAll(int race) {
              " FROM Entrant");
 }
 
+std::string SeasonBuilder::RaceTime(int race, int secondsAfterTen) {
+    const std::string day =
+        db_.Text("SELECT RaceDate FROM Schedule WHERE Id=" + std::to_string(race)).substr(0, 10);
+    const int t = 10 * 3600 + secondsAfterTen;
+    char time[24];
+    std::snprintf(time, sizeof time, " %02d:%02d:%02d", t / 3600, t / 60 % 60, t % 60);
+    return day + time;
+}
+
 void SeasonBuilder::Start(int race, int classId, bool started) {
-    db_.Exec("INSERT INTO Start (Schedule, Class, StartTime) SELECT " + std::to_string(race) +
-             ", " + std::to_string(classId) + ", " +
-             (started ? "substr(RaceDate, 1, 10) || ' 10:00:00'" : "NULL") +
-             " FROM Schedule WHERE Id=" + std::to_string(race));
+    db_.Insert("INSERT INTO Start (Schedule, Class, StartTime) VALUES (" + std::to_string(race) +
+                   ", " + std::to_string(classId) + ", " + (started ? "?1" : "NULL") + ")",
+               started ? std::vector<std::string>{RaceTime(race, 0)} : std::vector<std::string>{});
 }
 
 void SeasonBuilder::Finish(int race, int entrant, int elapsedSeconds, const std::string& extraSet) {
-    db_.Exec("INSERT INTO Results (Schedule, Entrant, Status, FinishTime) SELECT " +
-             std::to_string(race) + ", " + std::to_string(entrant) +
-             ", 9, datetime(substr(RaceDate, 1, 10) || ' 10:00:00', '+" +
-             std::to_string(elapsedSeconds) +
-             " seconds') FROM Schedule WHERE Id=" + std::to_string(race));
+    db_.Insert("INSERT INTO Results (Schedule, Entrant, Status, FinishTime) VALUES (" +
+                   std::to_string(race) + ", " + std::to_string(entrant) + ", 9, ?1)",
+               {RaceTime(race, elapsedSeconds)});
     if (!extraSet.empty()) {
         db_.Exec("UPDATE Results SET " + extraSet + " WHERE Schedule=" + std::to_string(race) +
                  " AND Entrant=" + std::to_string(entrant));
@@ -79,16 +85,16 @@ void SeasonBuilder::Status(int race, int entrant, int status) {
 }
 
 double SeasonBuilder::Points(int race, int entrant) {
-    SQLite::Statement st(db_.raw(), "SELECT Points FROM Results WHERE Schedule=? AND Entrant=?");
-    st.bind(1, race);
-    st.bind(2, entrant);
-    return st.executeStep() ? st.getColumn(0).getDouble() : -999;
+    const std::vector<double> points =
+        db_.Numbers("SELECT Points FROM Results WHERE Schedule=? AND Entrant=?",
+                    {std::to_string(race), std::to_string(entrant)});
+    return points.empty() ? -999 : points.front();
 }
 
 double SeasonBuilder::SeriesPoints(int entrant) {
-    SQLite::Statement st(db_.raw(), "SELECT SeriesPoints FROM Entrant WHERE Id=?");
-    st.bind(1, entrant);
-    return st.executeStep() ? st.getColumn(0).getDouble() : -999;
+    const std::vector<double> points =
+        db_.Numbers("SELECT SeriesPoints FROM Entrant WHERE Id=?", {std::to_string(entrant)});
+    return points.empty() ? -999 : points.front();
 }
 
 }  // namespace tb::test

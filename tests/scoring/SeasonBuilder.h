@@ -33,6 +33,9 @@ public:
     int seriesId = 1;
 
 private:
+    // The race's day at 10:00:00 plus the seconds, as the database holds a time.
+    std::string RaceTime(int race, int secondsAfterTen);
+
     TestDatabase& db_;
     int people_ = 0;
 };

@@ -68,8 +68,8 @@ TEST_F(StartTimesTest, PutStartTimeStoresTheTimeAndEmptyTextsAsNull) {
     ASSERT_EQ(results.GetStartTimes(1, 10, rows), "");
     const std::string id = rows(2, 0).ToText();
     const std::string start =
-        "SELECT ifnull(StartTime, '-') || '|' || ifnull(TopNote, '-') || '|' "
-        "|| ifnull(Footnote, '-') FROM Start WHERE Id=" +
+        "SELECT coalesce(CAST(StartTime AS TEXT), '-') || '|' || coalesce(TopNote, '-') || '|' "
+        "|| coalesce(Footnote, '-') FROM Start WHERE Id=" +
         id;
 
     ASSERT_EQ(

@@ -1,4 +1,3 @@
-#include <SQLiteCpp/Statement.h>
 #include <gtest/gtest.h>
 
 #include <set>
@@ -34,9 +33,8 @@ protected:
     }
     std::set<long long> EnteredRaces() {
         std::set<long long> found;
-        SQLite::Statement rows(db.raw(), "SELECT Schedule FROM EntryList");
-        while (rows.executeStep())
-            found.insert(rows.getColumn(0).getInt64());
+        for (const std::string& race : db.Column("SELECT Schedule FROM EntryList"))
+            found.insert(std::stoll(race));
         return found;
     }
 
@@ -70,14 +68,16 @@ TEST_F(EntriesTest, TheRaceListBecomesExactlyThePositiveIdsGiven) {
 TEST_F(EntriesTest, RacesThatStayEnteredAreNotRewrittenAndAreZeroedInTheList) {
     std::vector<int> first = {races[0], races[1]};
     ASSERT_EQ(Save(first), "");
-    const std::string keptRow =
-        db.Text("SELECT rowid FROM EntryList WHERE Schedule=" + std::to_string(races[0]));
+    const auto storedAt = [&] {
+        return db.Text(std::string("SELECT ") + db.RowLocation() +
+                       " FROM EntryList WHERE Schedule=" + std::to_string(races[0]));
+    };
+    const std::string keptRow = storedAt();
 
     std::vector<int> second = {races[0], races[2]};
     ASSERT_EQ(results.PutEntryDetails(boat, series, owner, classId, "01/06/02", 0, "", second), "");
     EXPECT_EQ(second, (std::vector<int>{0, races[2]}));
-    EXPECT_EQ(db.Text("SELECT rowid FROM EntryList WHERE Schedule=" + std::to_string(races[0])),
-              keptRow);
+    EXPECT_EQ(storedAt(), keptRow);
 }
 
 TEST_F(EntriesTest, SavingAgainUpdatesTheOneEntrantAndBlankNameIsNull) {
@@ -151,7 +151,7 @@ TEST_F(EntriesTest, CheckResultsFindsTheEntrantAndWhetherItHasResults) {
     };
     EXPECT_EQ(check(), "0 with results") << "left as it was";
     ASSERT_EQ(Save(races), "");
-    const int entrant = static_cast<int>(db.raw().execAndGet("SELECT Id FROM Entrant").getInt());
+    const int entrant = std::stoi(db.Text("SELECT Id FROM Entrant"));
     EXPECT_EQ(check(), std::to_string(entrant) + " without");
     AddResult(entrant, races[1]);
     AddResult(entrant, races[2]);

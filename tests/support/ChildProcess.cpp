@@ -11,10 +11,15 @@ namespace {
 
 constexpr uid_t kNobody = 65534;
 
-std::string RunForked(const std::function<std::string()>& body, bool unprivileged) {
+struct Child {
+    pid_t pid = -1;
+    int output = -1;
+};
+
+Child Fork(const std::function<std::string()>& body, bool unprivileged) {
     int channel[2];
     if (pipe(channel) != 0)
-        return "<no pipe>";
+        return {};
     const pid_t child = fork();
     if (child == 0) {
         close(channel[0]);
@@ -26,13 +31,19 @@ std::string RunForked(const std::function<std::string()>& body, bool unprivilege
         _exit(0);
     }
     close(channel[1]);
+    return {child, channel[0]};
+}
+
+std::string Finish(Child child) {
+    if (child.pid < 0)
+        return "<no pipe>";
     std::string Msg;
     char buffer[512];
-    for (ssize_t n; (n = read(channel[0], buffer, sizeof buffer)) > 0;)
+    for (ssize_t n; (n = read(child.output, buffer, sizeof buffer)) > 0;)
         Msg.append(buffer, static_cast<std::size_t>(n));
-    close(channel[0]);
+    close(child.output);
     int status = 0;
-    waitpid(child, &status, 0);
+    waitpid(child.pid, &status, 0);
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         return "<child failed>";
     return Msg;
@@ -41,11 +52,15 @@ std::string RunForked(const std::function<std::string()>& body, bool unprivilege
 }  // namespace
 
 std::string RunInChild(const std::function<std::string()>& body) {
-    return RunForked(body, false);
+    return Finish(Fork(body, false));
+}
+
+std::future<std::string> StartInChild(const std::function<std::string()>& body) {
+    return std::async(std::launch::async, Finish, Fork(body, false));
 }
 
 std::string RunUnprivileged(const std::function<std::string()>& body) {
-    return RunForked(body, true);
+    return Finish(Fork(body, true));
 }
 
 std::pair<int, std::string> RunShell(const std::string& command) {
