@@ -13,6 +13,7 @@
 
 #include "Seasons.h"
 #include "app/Globals.h"
+#include "data/Connection.h"
 
 extern char** environ;
 
@@ -23,16 +24,6 @@ namespace {
 std::string Server() {
     const char* uri = std::getenv("TALLYBOARD_TEST_POSTGRES");
     return uri == nullptr ? std::string() : uri;
-}
-
-// The URI of another database on the same server.
-std::string WithDatabase(const std::string& uri, const std::string& name) {
-    const std::size_t authority = uri.find("://") + 3;
-    const std::size_t path = uri.find_first_of("/?", authority);
-    if (path == std::string::npos)
-        return uri + "/" + name;
-    const std::size_t end = uri.find('?', path);
-    return uri.substr(0, path) + "/" + name + (end == std::string::npos ? "" : uri.substr(end));
 }
 
 void RunOnServer(const std::string& sql) {
@@ -87,7 +78,7 @@ const Season& OnServer(const Season& file) {
     const std::string database =
         "tallyboard_bench_" + std::to_string(::getpid()) + "_" + std::to_string(made.size());
     RunOnServer("CREATE DATABASE " + database);
-    Season season{file.name + " on the server", WithDatabase(Server(), database), file.lastRace};
+    Season season{file.name + " on the server", OnSameServer(Server(), database), file.lastRace};
     made[file.name] = {database, season};
     Copy(file.path, season.path);
     return made[file.name].season;

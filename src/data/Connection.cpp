@@ -11,6 +11,16 @@ bool IsServerAddress(std::string_view dataFile) {
     return dataFile.starts_with("postgresql://") || dataFile.starts_with("postgres://");
 }
 
+std::string OnSameServer(const std::string& uri, const std::string& database) {
+    const std::size_t authority = uri.find("://") + 3;
+    const std::size_t path = uri.find_first_of("/?", authority);
+    if (path == std::string::npos)
+        return uri + "/" + database;
+    const std::size_t settings = uri.find('?', path);
+    return uri.substr(0, path) + "/" + database +
+           (settings == std::string::npos ? "" : uri.substr(settings));
+}
+
 bool HoldsPassword(const std::string& uri) {
     std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
         PQconninfoParse(uri.c_str(), nullptr), &PQconninfoFree);

@@ -17,6 +17,8 @@ bool IsServerAddress(std::string_view dataFile);
 // Whether a PostgreSQL URI carries a password, which Tallyboard never keeps: the server's
 // clients take it from ~/.pgpass, PGPASSWORD or a service file.
 bool HoldsPassword(const std::string& uri);
+// The address of another database on the same server as uri, with the same settings.
+std::string OnSameServer(const std::string& uri, const std::string& database);
 
 // One open database, of either engine. The same SQL text runs on both; where an engine needs its
 // own, the caller picks it by engine().

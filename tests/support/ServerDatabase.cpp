@@ -12,6 +12,7 @@
 #include <regex>
 #include <stdexcept>
 
+#include "data/Connection.h"
 #include "data/Schema.h"
 
 namespace tb::test {
@@ -121,7 +122,7 @@ void MakeTemplate(const std::string& name) {
     if (PQntuples(Run(server, "SELECT 1 FROM pg_database WHERE datname = ?", {name}).get()) > 0)
         return;
     Run(server, "CREATE DATABASE " + name);
-    const std::string Msg = CreateDatabase(WithDatabase(TestServer(), name));
+    const std::string Msg = CreateDatabase(OnSameServer(TestServer(), name));
     if (!Msg.empty()) {
         Run(server, "DROP DATABASE " + name + " WITH (FORCE)");
         throw std::runtime_error(Msg);
@@ -135,22 +136,13 @@ std::string TestServer() {
     return uri == nullptr ? std::string() : uri;
 }
 
-std::string WithDatabase(const std::string& uri, const std::string& name) {
-    const std::size_t authority = uri.find("://") + 3;
-    const std::size_t path = uri.find_first_of("/?", authority);
-    if (path == std::string::npos)
-        return uri + "/" + name;
-    const std::size_t end = uri.find('?', path);
-    return uri.substr(0, path) + "/" + name + (end == std::string::npos ? "" : uri.substr(end));
-}
-
 ServerDatabase::ServerDatabase() {
     static std::atomic<int> made{0};
     const std::string templateName = TemplateName();
     MakeTemplate(templateName);
     name_ = "tallyboard_test_" + std::to_string(::getpid()) + "_" + std::to_string(++made);
     Run(Maintenance(), "CREATE DATABASE " + name_ + " TEMPLATE " + templateName);
-    uri_ = WithDatabase(TestServer(), name_);
+    uri_ = OnSameServer(TestServer(), name_);
     connection_ = Connect(uri_);
     // Tests arrange their own handicap types, numbered from 1.
     Run(connection_, "DELETE FROM HandicapType; ALTER TABLE HandicapType ALTER COLUMN Id RESTART");

@@ -12,9 +12,6 @@ namespace tb::test {
 // The URI of the PostgreSQL server's maintenance database the tests run on, "" for none.
 std::string TestServer();
 
-// The URI of another database on the same server as uri.
-std::string WithDatabase(const std::string& uri, const std::string& name);
-
 // A database of its own on the test server, copied from a template made once per build of the
 // tests (a new database from createdb), without its handicap type as the file databases are,
 // and dropped afterwards, whoever is still connected to it.
