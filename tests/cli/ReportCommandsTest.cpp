@@ -14,7 +14,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <sstream>
 
 #include "app/Globals.h"
 #include "app/ReportMenu.h"
@@ -42,12 +41,8 @@ int RunCommand(const std::string& command, std::vector<std::string> args, std::s
     return status;
 }
 
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
+std::string FirstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
 }
 
 TEST(DemoCommand, MakesTheSameSeasonForTheSameSeed) {
@@ -151,7 +146,7 @@ TEST_F(CommandLineSeason, EveryShippedActionWritesItsReport) {
                   0)
             << line;
         // The path printed is where the report is, published ones included.
-        const std::string path = Lines(out).at(0);
+        const std::string path = FirstLine(out);
         EXPECT_TRUE(fs::is_regular_file(path)) << line;
         const bool published = line.find("publish-to-web-folder") != std::string::npos;
         EXPECT_TRUE(path.starts_with(published ? web + "/summer-series-2026/" : reports + "/2026/"))
@@ -234,7 +229,7 @@ TEST_F(CommandLineSeason, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
                               "--action", "0"},
                              out),
                   0);
-        return Lines(out).at(0);
+        return FirstLine(out);
     };
     const std::map<std::string, std::string> pages = {
         {"S", page("S")}, {"R", page("R")}, {"E", page("E")}};
@@ -335,10 +330,7 @@ TEST(ServerCopy, AClubMovedOntoItsServerAndBackGivesTheSameReports) {
     const std::string back = folder.path() + "/back.db";
     const std::string reports = folder.path() + "/Reports";
     const std::string menu = folder.path() + "/menu.ini";
-    std::string ini;
-    for (const char kind : std::string(kReportLetters))
-        ini += std::string("[") + kind + "]\nseries=,,,0,0\n";
-    test::WriteFile(menu, ini);
+    test::WriteFile(menu, test::EveryKindMenu("series=,,,0,0"));
 
     std::string out;
     ASSERT_EQ(RunCommand("demo", {file, "--boats", "40", "--races", "6", "--classes", "2"}, out),
@@ -357,7 +349,7 @@ TEST(ServerCopy, AClubMovedOntoItsServerAndBackGivesTheSameReports) {
                                  out),
                       0)
                 << data << " " << kind;
-            made.push_back(test::WithoutReportTime(test::ReadFile(out.substr(0, out.find('\n')))));
+            made.push_back(test::WithoutReportTime(test::ReadFile(FirstLine(out))));
         }
     }
     const std::size_t kinds = made.size() / 3;

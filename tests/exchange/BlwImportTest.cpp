@@ -166,20 +166,5 @@ TEST(BlwSamples, PlaceOnlySeasonKeepsEveryRecordedPlace) {
     EXPECT_EQ(CompareRaceReports(results, "place-only-season.blw", ""), 314);
 }
 
-// Two files alike but for the base their DNF code counts from: the series entrants or the boats
-// in the race. DSQ scores like DNF; DNC counts the series entrants in both.
-TEST(BlwSamples, NonFinishersCountFromTheBaseTheFileChose) {
-    for (const auto& [name, base] :
-         {std::pair{"scoring-a52.blw", 0}, std::pair{"scoring-a53.blw", 1}}) {
-        blw::SeriesFile file;
-        ASSERT_EQ(blw::ReadSeriesFile(test::ReadFile(kSamples + name), file), "");
-        SeriesImport plan;
-        ASSERT_EQ(PlanSeriesImport(file, name, 2026, plan), "");
-        EXPECT_EQ(std::vector<short>({plan.baseC, plan.baseA, plan.baseB}),
-                  std::vector<short>({static_cast<short>(base), static_cast<short>(base), 0}))
-            << name;
-    }
-}
-
 }  // namespace
 }  // namespace tb

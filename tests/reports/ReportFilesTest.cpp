@@ -21,14 +21,6 @@ using test::ReadFile;
 using test::ReportFixture;
 using test::WriteFile;
 
-// The same action line for all six kinds.
-std::string MenuOf(const std::string& action) {
-    std::string ini;
-    for (const char* section : {"[E]", "[A]", "[C]", "[R]", "[S]", "[B]"})
-        ini += std::string(section) + "\n" + action + "\n";
-    return ini;
-}
-
 std::ptrdiff_t FilesIn(const std::string& folder) {
     return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
@@ -71,7 +63,7 @@ TEST_F(ReportFilesTest, ReportsAreNamedByRaceDateStartSelectionAndKindAndRefusal
     };
     for (const auto& row : test::DataFileRows("reports/report-files.tsv")) {
         fs::remove_all(yearFolder());
-        UseMenu(MenuOf(filled(row.at(2))));
+        UseMenu(filled(row.at(2)));
         const int kind = static_cast<int>(std::string(kReportLetters).find(row.at(1).at(0)));
         const bool named = row.at(0) == "named";
         const int race = named || row.at(3) == "2" ? race2 : row[3] == "3" ? race3 : classless;
@@ -94,18 +86,6 @@ TEST_F(ReportFilesTest, ReportsAreNamedByRaceDateStartSelectionAndKindAndRefusal
     }
 }
 
-TEST_F(ReportFilesTest, MakingAReportAgainOverwritesItsFile) {
-    UseMenu(MenuOf("x=,,,0,1"));
-    std::string first;
-    std::string second;
-    ASSERT_EQ(Make('R', first), "");
-    WriteFile(first, "stale text that is longer than nothing at all");
-    ASSERT_EQ(Make('R', second), "");
-    EXPECT_EQ(first, second);
-    EXPECT_EQ(FilesIn(yearFolder()), 1);
-    EXPECT_TRUE(ReadFile(second).starts_with("<?xml version=\"1.0\" ?>\r\n<RaceResults "));
-}
-
 // A footnote is kept as markup only when it is well-formed; any other is written as text, and a
 // name another program wrote in some other charset reads with U+FFFD: the report is made.
 TEST_F(ReportFilesTest, StrayMarkupAndBytesAreWrittenAsText) {
@@ -120,12 +100,12 @@ TEST_F(ReportFilesTest, StrayMarkupAndBytesAreWrittenAsText) {
         db.Exec("UPDATE Start SET Footnote = '" + clResults::SqlQuote(footnote) + "'" +
                 " WHERE Footnote IS NOT NULL");
         std::string path;
-        UseMenu(MenuOf("x=,,,0,1"));
+        UseMenu("x=,,,0,1");
         ASSERT_EQ(Make('R', path), "") << footnote;
         EXPECT_NE(ReadFile(path).find("<ClassFootNote>" + row.at(1) + "</ClassFootNote>"),
                   std::string::npos)
             << footnote;
-        UseMenu(MenuOf("x=results.xsl,,,0,1"));
+        UseMenu("x=results.xsl,,,0,1");
         ASSERT_EQ(Make('R', path), "") << footnote;
         EXPECT_NE(ReadFile(path).find(row.at(2)), std::string::npos) << footnote;
         EXPECT_TRUE(!strayByte || ReadFile(path).find(">Gull\xEF\xBF\xBD<") != std::string::npos);
@@ -145,7 +125,7 @@ TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) 
     // The output object must not run while there are problems.
     const std::string recorder = folder.path() + "/recorder";
     WriteScript(recorder, "touch \"$0.called\"");
-    UseMenu(MenuOf("x=,,,0,1"));
+    UseMenu("x=,,,0,1");
     std::string path;
     ASSERT_EQ(Make('R', path), "");
     EXPECT_EQ(path, yearFolder() + "0622_Problem.htm");
@@ -158,7 +138,7 @@ TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) 
     EXPECT_EQ(page, test::DataFile("R0-problem.htm"));
 
     // A publishing action stops there, and the problem page says so at its top.
-    UseMenu(MenuOf("x=," + recorder + ",,0,1"));
+    UseMenu("x=," + recorder + ",,0,1");
     std::string again;
     EXPECT_EQ(Make('R', again),
               "E-The results were not published: the handicaps listed on the problem page are "
@@ -201,7 +181,7 @@ TEST_F(OutputObjectTest, ReceivesTheFileNameTheHtmlAndTheXml) {
     WriteScript(recorder,
                 "printf '%s' \"$1\" > \"$0.name\"; cp \"$2\" \"$0.html\"; cp \"$3\" \"$0.xml\"; "
                 "echo \"$TALLYBOARD_REPORT_FILE\" > \"$0.report\"; echo; echo /web/club.htm");
-    UseMenu(MenuOf("x=plain.xsl," + recorder + ",club.htm,0,1"));
+    UseMenu("x=plain.xsl," + recorder + ",club.htm,0,1");
     std::string path;
     ASSERT_EQ(Make('R', path), "");
     EXPECT_EQ(path, "/web/club.htm") << "where the object says it published the page";
@@ -220,7 +200,7 @@ TEST_F(OutputObjectTest, IsFoundBesideTheProgramAndItsFailuresAreReported) {
     for (const auto& row : test::DataFileRows("reports/output-objects.tsv")) {
         if (!row.at(1).empty())
             WriteScript(program + "/OutputObjects/" + row[0], row[1]);
-        UseMenu(MenuOf("x=plain.xsl," + row[0] + ",,0,1"));
+        UseMenu("x=plain.xsl," + row[0] + ",,0,1");
         std::string path;
         EXPECT_EQ(Make('S', path), row.at(2));
     }

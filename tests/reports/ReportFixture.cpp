@@ -64,15 +64,22 @@ ReportFixture::~ReportFixture() {
     ReportPath = savedReportPath_;
 }
 
-void ReportFixture::UseMenu(const std::string& lines) {
+void ReportFixture::UseMenu(const std::string& actions) {
     const std::string path = folder.path() + "/menu.ini";
-    WriteFile(path, lines);
+    WriteFile(path, EveryKindMenu(actions));
     ASSERT_EQ(results.ReadReportMenu(path), "");
 }
 
 std::string ReportFixture::Make(char letter, std::string& path, int action, int viewer) {
     const int kind = static_cast<int>(std::string(kReportLetters).find(letter));
     return results.CreateReport(kind, action, viewer, race2, path);
+}
+
+std::string EveryKindMenu(const std::string& actions) {
+    std::string ini;
+    for (const char kind : std::string(kReportLetters))
+        ini += std::string("[") + kind + "]\n" + actions + "\n";
+    return ini;
 }
 
 std::string WithoutReportTime(std::string xml) {

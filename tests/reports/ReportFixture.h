@@ -21,8 +21,8 @@ protected:
     ReportFixture();
     ~ReportFixture() override;
 
-    // Reads the menu from an initialisation file with these lines.
-    void UseMenu(const std::string& lines);
+    // Reads a menu that gives every report kind these action lines.
+    void UseMenu(const std::string& actions);
     // Runs CreateReport for race 2 with the kind letter and action 0.
     std::string Make(char letter, std::string& path, int action = 0, int viewer = 1);
 
@@ -41,6 +41,9 @@ protected:
 private:
     std::string savedReportPath_;
 };
+
+// An initialisation file's text that gives every report kind these action lines.
+std::string EveryKindMenu(const std::string& actions);
 
 // The text with the report's own date and time blanked out, for comparing with a fixed text.
 std::string WithoutReportTime(std::string xml);

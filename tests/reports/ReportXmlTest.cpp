@@ -20,9 +20,7 @@ class ReportXmlTest : public ReportFixture {
 protected:
     // Writes the report as XML with the given entrant selection and returns its text.
     std::string Xml(char letter, int option) {
-        const std::string line = "x=,,," + std::to_string(option) + ",1\n";
-        UseMenu("[E]\n" + line + "[A]\n" + line + "[C]\n" + line + "[R]\n" + line + "[S]\n" + line +
-                "[B]\n" + line);
+        UseMenu("x=,,," + std::to_string(option) + ",1");
         std::string path;
         EXPECT_EQ(Make(letter, path), "");
         return WithoutReportTime(ReadFile(path));
@@ -66,26 +64,6 @@ TEST_F(ReportXmlTest, TitlesFollowTheEntrantSelectionAndTheReportKind) {
             << row.at(0) << row.at(1) << "\n"
             << xml;
     }
-}
-
-TEST_F(ReportXmlTest, SubSeriesTitleStandsInWhenTheSeriesHasNone) {
-    db.Exec("UPDATE Series SET SubseriesTitle = NULL");
-    const std::string xml = Xml('R', 1);
-    EXPECT_NE(xml.find(R"(Class="Class 1" ClassId="1" href="class1" Title="Subseries")"),
-              std::string::npos);
-    EXPECT_NE(xml.find(R"(Class="Multihull" ClassId="2" href="classmultihulls" Title="Subseries")"),
-              std::string::npos);
-}
-
-TEST_F(ReportXmlTest, ABoatNumberedZeroKeepsItsSeriesStanding) {
-    const std::string boat = "(SELECT Boat FROM Entrant WHERE Id = " + std::to_string(fish) + ")";
-    db.Exec("UPDATE Handicap SET Boat = 0 WHERE Boat = " + boat);
-    db.Exec("UPDATE Boat SET Id = 0 WHERE Id = " + boat);
-    db.Exec("UPDATE Entrant SET Boat = 0 WHERE Id = " + std::to_string(fish));
-    const std::string xml = Xml('S', 0);
-    EXPECT_NE(xml.find(R"(<SeriesResult BoatName="Fish &#38; Chips" SailNo="GBR 1")"),
-              std::string::npos)
-        << xml;
 }
 
 TEST(ReportXmlRules, AttributeValuesReplaceTheFourMarkupCharactersAndDropWhatXmlCannotHold) {

@@ -28,10 +28,7 @@ protected:
         season.EnterAll(race3);
         for (int classId : {class1, multihull, fleet, evening})
             season.Start(race3, classId);
-        std::string menu;
-        for (const char* kind : {"[E]", "[A]", "[C]", "[R]", "[S]", "[B]"})
-            menu += std::string(kind) + "\nseries=,,,0,0\n";
-        UseMenu(menu);
+        UseMenu("series=,,,0,0");
     }
 
     // What the start box does: each finish saved on its own, as they are typed.
