@@ -122,6 +122,7 @@ TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) 
         "(SELECT Boat FROM Entrant WHERE Id = " +
         std::to_string(visitor) + ")");
     season.Enter(visitor, race2);
+    db.Exec(test::DataFile("reports/problems.sql"));
     // The output object must not run while there are problems.
     const std::string recorder = folder.path() + "/recorder";
     WriteScript(recorder, "touch \"$0.called\"");
@@ -149,25 +150,6 @@ TEST_F(ReportFilesTest, UnsettledHandicapsShowTheProblemReportInWindowsCharset) 
     EXPECT_NE(ReadFile(path).find("PROBLEM REPORT</B><P>&nbsp;</P>\r\n<P><B>The results were "
                                   "not published"),
               std::string::npos);
-}
-
-TEST_F(ReportFilesTest, ProblemLinesNameEachBoatsTrouble) {
-    RowSet classRows(16, 1);
-    classRows(3, 0) = Value("Summer");
-    classRows(5, 0) = Value("Race 2");
-    RowSet problems;
-    const DateTime day = MakeDateTime(2024, 6, 22);
-    problems.AddRow({Value(7), Value("Aurora"), Value(2), Value("Club"), Value(day), Value(1)});
-    problems.AddRow({Value(8), Value("Bella"), Value(1), Value("Club"), Value(day), Value(0)});
-    problems.AddRow({Value(9), Value("Curlew"), Value(1), Value("Club"), Value(day), Value(0)});
-    problems.AddRow(
-        {Value(10), Value("Me & <You>"), Value(2), Value("O'Neil's"), Value(day), Value(1)});
-    std::string html;
-    ASSERT_EQ(
-        results.ReportProblemsHTML("/reports/2024/0622_1000_0R.htm", classRows, problems, html),
-        "");
-    const std::string expected = test::DataFile("R0-problem-lines.htm");
-    EXPECT_NE(html.find(expected), std::string::npos) << html;
 }
 
 class OutputObjectTest : public ReportFixture {
