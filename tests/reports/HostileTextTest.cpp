@@ -118,11 +118,7 @@ TEST_F(HostileText, IsStoredAsTypedAndEveryReportShowsIt) {
         std::istringstream words(row.at(1));
         for (std::string word; words >> word;)
             typed += named.at(word);
-        const std::vector<std::string> lines = db.Lines(row.at(0), "|");
-        std::string stored = lines.empty() ? "" : lines.front();
-        for (std::size_t i = 1; i < lines.size(); ++i)
-            stored += "|" + lines[i];
-        EXPECT_EQ(stored, typed) << row.at(0);
+        EXPECT_EQ(db.Text(row.at(0)), typed) << row.at(0);
     }
 
     ASSERT_EQ(results.ReadReportMenu(ProgramFolder() + "/Tallyboard.ini"), "");

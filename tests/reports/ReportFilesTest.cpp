@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <regex>
 
 #include "app/Globals.h"
 #include "data/Conversions.h"
@@ -52,14 +53,8 @@ TEST_F(ReportFilesTest, ReportsAreNamedByRaceDateStartSelectionAndKindAndRefusal
     const int classless = db.Insert(
         "INSERT INTO Schedule (Series, RaceName, RaceDate) VALUES (2, 'Frostbite', "
         "'2024-12-01 00:00:00')");
-    auto filled = [&](std::string text) {
-        for (const auto& [mark, path] :
-             {std::pair<std::string, std::string>{"{year}", yearFolder()},
-              {"{reports}", reports()},
-              {"{folder}", folder.path()}})
-            for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark))
-                text.replace(at, mark.size(), path);
-        return text;
+    auto filled = [&](const std::string& text) {
+        return std::regex_replace(text, std::regex("\\{folder\\}"), folder.path());
     };
     for (const auto& row : test::DataFileRows("reports/report-files.tsv")) {
         fs::remove_all(yearFolder());
