@@ -115,22 +115,18 @@ private:
     const std::string savedReportPath_ = ReportPath;
 };
 
-TEST_F(CommandLineSeason, RacesAreListedOnePerLine) {
-    MakeSeason({"--boats", "24", "--races", "6"});
-    std::string out;
-    ASSERT_EQ(RunCommand("races", {"--data", data}, out), 0);
-    EXPECT_EQ(out, test::DataFile("cli/races.txt"));
-}
-
+// The season's races listed one a line, and every action of the shipped menu on race 4.
 TEST_F(CommandLineSeason, EveryShippedActionWritesItsReport) {
     MakeSeason({"--boats", "24", "--races", "6"});
+    std::string listed;
+    ASSERT_EQ(RunCommand("races", {"--data", data}, listed), 0);
+    EXPECT_EQ(listed, test::DataFile("cli/races.txt"));
     const std::string web = reports + "-web";
     ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
     const auto boats = test::DataFileRows("cli/race-4-boats.txt");
     std::ifstream ini(ProgramFolder() + "/Tallyboard.ini");
     int kind = -1;
     int action = 0;
-    int written = 0;
     for (std::string line; std::getline(ini, line);) {
         if (line.starts_with("[")) {
             ++kind;
@@ -161,11 +157,9 @@ TEST_F(CommandLineSeason, EveryShippedActionWritesItsReport) {
             EXPECT_TRUE(fs::exists(path + "-1.png")) << path;
         }
         ++action;
-        ++written;
     }
     ::unsetenv("TALLYBOARD_WEB_FOLDER");
     EXPECT_EQ(kind, 5) << "six report kinds";
-    EXPECT_GE(written, 18);
 }
 
 // Publishing race 4, then race 5, with their standings: both race pages, the series page and an
