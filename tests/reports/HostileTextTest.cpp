@@ -13,7 +13,6 @@
 
 #include "app/Globals.h"
 #include "data/clResults.h"
-#include "reports/ReportFixture.h"
 #include "support/Browser.h"
 #include "support/Checks.h"
 #include "support/RecordingMessages.h"

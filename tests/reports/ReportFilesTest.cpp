@@ -4,13 +4,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <iterator>
 #include <regex>
 
 #include "app/Globals.h"
-#include "data/Conversions.h"
 #include "reports/ReportFixture.h"
 #include "support/Checks.h"
 

@@ -1,9 +1,7 @@
 #include "reports/ReportFixture.h"
 
 #include <filesystem>
-#include <fstream>
 #include <regex>
-#include <sstream>
 
 #include "app/Globals.h"
 

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-
-#include "data/Conversions.h"
 #include "reports/ReportFixture.h"
 #include "reports/ReportXmlRules.h"
 #include "support/Checks.h"
