@@ -31,23 +31,6 @@ TEST_F(SeriesTest, ANewSeriesGetsItsIdBackSoTheNextSaveUpdatesTheSameRow) {
     EXPECT_EQ(test::Rendered(rows), test::Expected("series/series.txt", "details"));
 }
 
-TEST_F(SeriesTest, FailuresAreRunTimeErrorsOfTheOperationAndStoreNothing) {
-    RowSet rows;
-    EXPECT_TRUE(test::IsRunTimeError(results.GetSeriesDetails(99, rows), "GetSeriesDetails"));
-    EXPECT_TRUE(rows.IsEmpty());
-
-    int id = 0;
-    EXPECT_TRUE(test::IsRunTimeError(results.PutSeriesDetails(id, "Winter", "", 1, "two"),
-                                     "PutSeriesDetails"));
-    EXPECT_EQ(id, 0);
-    EXPECT_EQ(db.Count("Series"), 0);
-
-    const int series = AddSeries("Winter");
-    EXPECT_TRUE(test::IsRunTimeError(results.PutClassDetails(0, series, "Class 1", "abc", 1),
-                                     "PutClassDetails"));
-    EXPECT_EQ(db.Count("Class"), 0);
-}
-
 TEST_F(SeriesTest, MinimumTcfIsNullWhenBlankAndANumberOtherwise) {
     const int series = AddSeries("Spring");
     const int irc = AddHandicapType("IRC");
