@@ -1,5 +1,6 @@
 // A whole season worked by hand: two classes, five races of May 2010 (shared points for ties).
-// Every expected figure below was worked out on paper from the finishes, not by the code.
+// Its rows are scoring/season.sql; every expected figure was worked out on paper (the working is
+// beside the figures in scoring/season.txt), not by the code.
 
 #include <gtest/gtest.h>
 
