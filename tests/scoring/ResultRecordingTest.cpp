@@ -103,10 +103,7 @@ TEST_F(ResultRecordingTest, FailuresNameTheOperation) {
         {"PutClassDetails", [&] { return results.PutClassDetails(0, 1, "Class 3", "abc", 1); }},
     };
     ASSERT_EQ(results.GetStatus(rows), "");  // connects before the tables go
-    db.Exec("DROP TABLE Start");
-    db.Exec("DROP TABLE Results");
-    db.Exec("DROP TABLE Status");
-    db.Exec("DROP TABLE EntryList");
+    db.Exec("DROP TABLE Start; DROP TABLE Results; DROP TABLE Status; DROP TABLE EntryList");
     for (const auto& [name, call] : calls)
         EXPECT_TRUE(test::IsRunTimeError(call(), name));
 }
