@@ -183,31 +183,14 @@ RaceDay::RaceDay() {
     db.Exec(DataText("race-day.sql"));
 }
 
-int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
-                     int classId, double tcf) {
-    const std::string n = std::to_string(++boats);
-    db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
-            "')");
-    db.Insert("INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) VALUES (" + n +
-                  ", ?1, ?2, " + std::to_string(sailNo) + ", 1, " + n + ")",
-              {name, fullSailNo});
-    db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES (" + n +
-            ", 1, " + std::to_string(tcf) +
-            ", '2000-01-01 00:00:00');"
-            "INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType, Entrant) VALUES (" +
-            n + ", 1, " + n + ", " + std::to_string(classId) + ", 0, " + n +
-            ");"
-            "INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
-            n + ", 10)");
+int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int classId) {
+    const QString sailNo = QString::fromStdString(fullSailNo).section(' ', -1);
+    db.Exec(QString::fromStdString(DataText("race-day-boat.sql"))
+                .arg(++boats)
+                .arg(QString::fromStdString(name), QString::fromStdString(fullSailNo), sailNo)
+                .arg(classId)
+                .toStdString());
     return boats;
-}
-
-void RaceDay::Start(int classId, const std::string& hhmm) {
-    const std::string cls = std::to_string(classId);
-    db.Exec("DELETE FROM Start WHERE Schedule=10 AND Class=" + cls +
-            ";"
-            "INSERT INTO Start (Schedule, Class, StartTime) VALUES (10, " +
-            cls + ", '2005-06-12 " + hhmm.substr(0, 2) + ":" + hhmm.substr(2, 2) + ":00')");
 }
 
 }  // namespace tb::test

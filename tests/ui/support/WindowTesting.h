@@ -151,15 +151,13 @@ struct NextModal {
 };
 
 // A race evening in a fresh database: series "Summer Series" (Id 1) with "Class 1" and
-// "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10). Boats are entered in
-// the series and the race with a handicap of 1.000 valid all season.
+// "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10), no class started. Boats
+// are entered in the series and the race with a handicap of 1.000 valid all season; the sail
+// number is the last word of the full one.
 struct RaceDay {
     RaceDay();
 
-    int AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo, int classId,
-                double tcf = 1.0);
-    // Starts the class in race 10 at hh:mm on the race day.
-    void Start(int classId, const std::string& hhmm);
+    int AddBoat(const std::string& name, const std::string& fullSailNo, int classId);
 
     TestDatabase db;
     static constexpr int kSeries = 1;

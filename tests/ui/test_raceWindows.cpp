@@ -1,32 +1,51 @@
-// The results window typed as a race officer types a finish sheet: keys go only to the control
-// that has the keyboard, the boat by sail number or name and Enter, the time and Enter.
+// The race evening's windows typed as a race officer types: the start times one class at a
+// time, four digits, Enter to reach OK and Enter to save; the finish sheet in the results window,
+// the boat by sail number or name and Enter, the time and Enter. Keys go only to the control
+// that has the keyboard, and nothing typed is lost on closing.
 
-#include <QLabel>
-#include <QListWidget>
 #include <QRadioButton>
-#include <QtTest>
 
-#include "data/clResults.h"
 #include "support/WindowTesting.h"
 #include "ui/frmResults.h"
+#include "ui/frmStartTimes.h"
 
+using namespace tb;
 using namespace tb::test;
 
 namespace {
 
+const std::string kClass1StartsAt1400 =
+    "INSERT INTO Start (Schedule, Class, StartTime) VALUES (10, 1, '2005-06-12 14:00:00')";
+
+// The start times window over the race evening, no class started.
+struct StartTimesWindow {
+    RaceDay day;
+    clResults results;
+    RecordingMessages messages;
+    Opened<frmStartTimes> c{results, RaceDay::kSeries, RaceDay::kRace};
+    void EnterTime(const QString& hhmm) {
+        c.Type("tTime", hhmm);
+        Enter();
+        Enter();
+    }
+    std::string Stored(int classId) {
+        return day.db.Text("SELECT StartTime FROM Start WHERE Class=" + std::to_string(classId));
+    }
+};
+
 struct Window : Controls {
     RaceDay day;
-    tb::clResults results;
+    clResults results;
     RecordingMessages messages;
-    std::unique_ptr<tb::frmResults> form;
-    int alpha = day.AddBoat("Alpha", "GBR 1234", 1234, RaceDay::kClass1);
-    int bravo = day.AddBoat("Bravo", "GBR 567", 567, RaceDay::kClass1);
-    int charlie = day.AddBoat("Charlie", "IRL 99", 99, RaceDay::kClass2);
+    std::unique_ptr<frmResults> form;
+    int alpha = day.AddBoat("Alpha", "GBR 1234", RaceDay::kClass1);
+    int bravo = day.AddBoat("Bravo", "GBR 567", RaceDay::kClass1);
+    int charlie = day.AddBoat("Charlie", "IRL 99", RaceDay::kClass2);
 
     // Class 1 starts at 14:00; class 2 has not started.
-    Window() : Controls{nullptr} { day.Start(RaceDay::kClass1, "1400"); }
+    Window() : Controls{nullptr} { day.db.Exec(kClass1StartsAt1400); }
     void Open() {
-        form = std::make_unique<tb::frmResults>(results, RaceDay::kSeries, RaceDay::kRace);
+        form = std::make_unique<frmResults>(results, RaceDay::kSeries, RaceDay::kRace);
         window = form.get();
         ShowActive(*form);
     }
@@ -44,30 +63,57 @@ struct Window : Controls {
 
 }  // namespace
 
-class ResultsWindowTest : public QObject {
+class RaceWindowsTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void startTimesAreStoredForEachClassInTurnAndImpossibleOnesRefused() {
+        StartTimesWindow w;
+        w.EnterTime("2400");
+        w.c.Type("tDate", "31/06/2005");
+        w.EnterTime("1405");
+        QCOMPARE(Shown(w.messages), QStringList({"E-Please enter a valid start time",
+                                                 "E-Please enter a valid start date"}));
+        QCOMPARE(Focused()->objectName(), QString("tDate"));
+        w.c.Type("tDate", "12/06/2005");
+        w.EnterTime("1405");
+        QCOMPARE(w.Stored(RaceDay::kClass1), std::string("2005-06-12 14:05:00"));
+        QCOMPARE(w.c.Label("lClass"), QString("Class 2"));
+        w.c.Type("tDate", "13/06/2005");
+        w.EnterTime("1410");
+        QCOMPARE(w.Stored(RaceDay::kClass2), std::string("2005-06-13 14:10:00"));
+        QCOMPARE(w.c.Label("lClass"), QString("Class 1"));
+        QCOMPARE(w.c.Text("tTime"), QString("1405"));
+    }
+
+    void closingTheStartTimesWithATypedStartOffersToSaveIt() {
+        for (const bool save : {true, false}) {
+            StartTimesWindow w;
+            w.c.Type("tTime", "1405");
+            w.messages.answers = {save};
+            w.c.Press("cmdCancel");
+            QCOMPARE(w.messages.questions,
+                     std::vector<std::string>{"Do you want to save the changes?"});
+            QVERIFY(!w.c.w.isVisible());
+            QCOMPARE(w.Stored(RaceDay::kClass1), save ? "2005-06-12 14:05:00" : "");
+        }
+    }
+
     void aRaceNightByKeyboardOnly() {
-        RaceDay day;
-        day.Start(RaceDay::kClass1, "1400");
+        Window w;
         for (int i = 1; i <= 20; ++i)
-            day.AddBoat("Boat " + std::to_string(i), "GBR " + std::to_string(100 + i), 100 + i,
-                        RaceDay::kClass1);
-        day.AddBoat("Sea Breeze", "GBR 201", 201, RaceDay::kClass1);
-        day.AddBoat("Sea Spray", "GBR 202", 202, RaceDay::kClass1);
-        tb::clResults results;
-        RecordingMessages messages;
-        tb::frmResults window(results, RaceDay::kSeries, RaceDay::kRace);
-        ShowActive(window);
-        const auto info = [&] { return Find<QLabel>(&window, "lInfo")->text(); };
+            w.day.AddBoat("Boat " + std::to_string(i), "GBR " + std::to_string(100 + i),
+                          RaceDay::kClass1);
+        w.day.AddBoat("Sea Breeze", "GBR 201", RaceDay::kClass1);
+        w.day.AddBoat("Sea Spray", "GBR 202", RaceDay::kClass1);
+        w.Open();
         const auto finish = [&](const QString& boat, const QString& time) {
             Keys(boat);
             Enter();
             QCOMPARE(Focused()->objectName(), QString("tTime"));
             Keys(time);
             Enter();
-            QCOMPARE(info(), QString("Result saved"));
+            QCOMPARE(w.Info(), QString("Result saved"));
         };
         for (const QString& line : DataLines("race-night-sheet.tsv"))
             finish(line.section('\t', 0, 0), line.section('\t', 1));
@@ -81,11 +127,11 @@ private slots:
         Keys("Sea");
         Enter();
         QCOMPARE(offered, 2);
-        ShowActive(window);  // as the window manager gives the opener the keyboard back
+        ShowActive(*w.form);  // as the window manager gives the opener the keyboard back
         QCOMPARE(Focused()->objectName(), QString("tTime"));
         Keys("1100");
         Enter();
-        QCOMPARE(info(), QString("Result saved"));
+        QCOMPARE(w.Info(), QString("Result saved"));
         // A boat that did not finish: Enter past the offered hour, the status, Enter.
         Keys("201");
         Enter();
@@ -93,25 +139,26 @@ private slots:
         QCOMPARE(Focused()->objectName(), QString("SelStatus"));
         Keys("DNF");
         Enter();
-        QCOMPARE(info(), QString("Result saved"));
+        QCOMPARE(w.Info(), QString("Result saved"));
         // A sail number not entered: the line says so and the next number replaces it.
         Keys("999");
         Enter();
-        QCOMPARE(info(), QString("999 is not entered in this race"));
+        QCOMPARE(w.Info(), QString("999 is not entered in this race"));
         QCOMPARE(Focused()->objectName(), QString("SelEntry"));
         // The first boat's time was misread: its stored time is replaced by the one typed.
         finish("120", "151200");
-        QCOMPARE(messages.beeps, 2);
-        QVERIFY(messages.shown.empty() && messages.questions.empty());
+        QCOMPARE(w.messages.beeps, 2);
+        QVERIFY(w.messages.shown.empty() && w.messages.questions.empty());
 
-        tb::RowSet problems, classes, rows;
-        QCOMPARE(results.ComputeResultTimes(RaceDay::kRace, problems), std::string());
-        QCOMPARE(results.ComputePoints(RaceDay::kRace, 2), std::string());
-        QCOMPARE(results.GetRaceResults(RaceDay::kRace, 2, classes, rows), std::string());
+        RowSet problems, classes, rows;
+        QCOMPARE(w.results.ComputeResultTimes(RaceDay::kRace, problems), std::string());
+        QCOMPARE(w.results.ComputePoints(RaceDay::kRace, 2), std::string());
+        QCOMPARE(w.results.GetRaceResults(RaceDay::kRace, 2, classes, rows), std::string());
         QStringList places;
         for (std::size_t r = 0; r < rows.Rows(); ++r)
-            places << QString::number(rows(9, r).AsDouble()) + " " +
-                          QString::fromStdString(rows(2, r).ToText());
+            places << QString::number(rows(clResults::RaceBoatCol::Points, r).AsDouble()) + " " +
+                          QString::fromStdString(
+                              rows(clResults::RaceBoatCol::BoatName, r).ToText());
         QCOMPARE(places, DataLines("race-night-places.txt"));
     }
 
@@ -230,7 +277,7 @@ private slots:
             Enter();
             Enter();
         });
-        w.form = std::make_unique<tb::frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
+        w.form = std::make_unique<frmResults>(w.results, RaceDay::kSeries, RaceDay::kRace);
         w.form->show();
         QTRY_COMPARE(startTimes.name, QString("frmStartTimes"));
         ShowActive(*w.form);
@@ -246,5 +293,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ResultsWindowTest)
-#include "test_frmResults.moc"
+QTEST_MAIN(RaceWindowsTest)
+#include "test_raceWindows.moc"
