@@ -30,11 +30,10 @@ private slots:
         r.db.Exec("UPDATE BoatType SET Model='Sérénité 33' WHERE Id=1");
         Opened<frmBoatDetail> c(r.results, 1);
         c.Press("cSailNum");
-        const QStringList boats = Items(c.Get<QComboBox>("SelBoat"));
+        const QStringList boats = c.Items("SelBoat");
         c.Press("cDraft");
-        QCOMPARE(
-            boats + QStringList{c.Current("SelModel")} + Lines(c.Get<QListWidget>("listHandicaps")),
-            DataLines("boat-lists.txt"));
+        QCOMPARE(boats + QStringList{c.Current("SelModel")} + c.Items("listHandicaps"),
+                 DataLines("boat-lists.txt"));
     }
 
     void aNewBoatIsCheckedAndATakenSailNumberKeepsWhatWasTyped() {
@@ -117,8 +116,7 @@ private slots:
         Opened<frmEntryDetail> c(club.results, 1);
         QCOMPARE(c.Current("SelEntrant"), QString("Smith, Bob"));
         QCOMPARE(c.Text("tEntryDate"), QString("01/06/2002"));
-        QCOMPARE(Items(c.Get<QComboBox>("SelEntry")) +
-                     Lines(c.Get<QListWidget>("listSchedule")).mid(0, 3),
+        QCOMPARE(c.Items("SelEntry") + c.Items("listSchedule").mid(0, 3),
                  DataLines("entry-lines.txt"));
         QVERIFY(club.messages.shown.empty());
     }
@@ -182,10 +180,9 @@ private slots:
         });
         c.Press("cmdAddClassSplit");
         QCOMPARE(Shown(s.messages), DataLines("series-detail-refusals.txt"));
-        QCOMPARE(Lines(c.Get<QListWidget>("listSchedule")).size(), 1);
-        QCOMPARE(
-            Lines(c.Get<QListWidget>("listClassSplits")),
-            QStringList{QString("Class 2").leftJustified(32) + QString("Club").leftJustified(16)});
+        QCOMPARE(c.Items("listSchedule").size(), 1);
+        QCOMPARE(c.Items("listClassSplits"), QStringList{QString("Class 2").leftJustified(32) +
+                                                         QString("Club").leftJustified(16)});
         QCOMPARE(s.db.Count("Class", "MinTCF IS NULL"), 1LL);
     }
 

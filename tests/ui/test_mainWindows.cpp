@@ -98,8 +98,7 @@ private slots:
         QCOMPARE(shared, QString());
         QCOMPARE(SelectedId, opening[2].toInt());
         QCOMPARE(m.main->windowTitle(), kTitleStart + QStringLiteral("02 Jun 2026 10:15"));
-        QCOMPARE(Items(m.c.Get<QComboBox>("SelSeries")),
-                 QStringList({"Autumn Series", "Summer Series"}));
+        QCOMPARE(m.c.Items("SelSeries"), QStringList({"Autumn Series", "Summer Series"}));
         QCOMPARE(m.main->CurrentSeriesId(), 1);
         QCOMPARE(Shown(m.messages), opening[3].isEmpty() ? QStringList() : QStringList{opening[3]});
     }
@@ -197,7 +196,7 @@ private slots:
         QCOMPARE(c.Current("SelKind"), QString("Boats"));
 
         OpenFile(kCsv + "bad/twice.csv");
-        QCOMPARE(Lines(c.Get<QListWidget>("listProblems")),
+        QCOMPARE(c.Items("listProblems"),
                  QStringList{"twice.csv row 3, column Sail No: the sail number of row 2 again"});
         QCOMPARE(c.Get<QTableWidget>("listPreview")->rowCount(), 2);
         QVERIFY(!c.Get("cmdImport")->isEnabled());
@@ -209,7 +208,7 @@ private slots:
             QString(
                 "Yacht\n= Boat|Sail #\n= Sail No|Design\n= Model|Helm\n= Owner|Colour\n(ignored)"));
         QCOMPARE(c.Get<QTableWidget>("listPreview")->item(1, 0)->text(), QString("Tern, the"));
-        QVERIFY(Lines(c.Get<QListWidget>("listProblems")).isEmpty());
+        QVERIFY(c.Items("listProblems").isEmpty());
         QCOMPARE(club.db.Count("Boat"), 0);
 
         c.Press("cmdImport");
@@ -244,7 +243,7 @@ private slots:
         // The command line's golden summary, beside the core tests' data.
         const QString summary = QString::fromStdString(DataText("../../data/golden/blw-season.txt"))
                                     .section("==\n", 0, 0);
-        QCOMPARE(Lines(c.Get<QListWidget>("listProblems")), summary.trimmed().split('\n'));
+        QCOMPARE(c.Items("listProblems"), summary.trimmed().split('\n'));
         QCOMPARE(c.Label("lInfo"), QString("Imported: Series 1: Harbour Frostbite (classes: 4)"));
         QCOMPARE(club.db.Count("Series"), 2);
         QVERIFY(!c.Get("cmdImport")->isEnabled());
