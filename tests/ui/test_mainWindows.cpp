@@ -166,9 +166,7 @@ private slots:
         RecordingViewer viewer;
         QCOMPARE(results.GetInitialisationInfo(), std::string());
         ReportPath = (writable ? day.db.folder() : day.db.path()) + "/";
-        frmReport window(results, RaceDay::kSeries, RaceDay::kRace, viewer);
-        const Controls c{&window};
-        ShowActive(window);
+        Opened<frmReport> c(results, RaceDay::kSeries, RaceDay::kRace, viewer);
         c.Press("rReport_0");
         FocusOn(c.Get<QListWidget>("SelAction"));
         Key(Qt::Key_Home);
@@ -177,7 +175,7 @@ private slots:
         c.Press("cmdOK");
         SetProgramFolder({});
 
-        QVERIFY(window.isVisible());
+        QVERIFY(c.w.isVisible());
         const QString file = QString::fromStdString(ReportPath) + "2005/0612__2E.xml";
         QCOMPARE(QFileInfo::exists(file), writable);
         QCOMPARE(c.Label("lStatus"), writable ? "Written to " + file : QString());

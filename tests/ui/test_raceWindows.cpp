@@ -199,7 +199,9 @@ private slots:
         QCOMPARE(w.Get<QLineEdit>("tTime")->selectedText(), time);
     }
 
-    void pickingTheShownBoatAgainAfterEditingItsTextBringsItsFieldsBack() {
+    // The boat shown, its text edited and the boat picked again, has its fields back; then a
+    // second boat is offered the first one's hour, which a non-finishing status clears.
+    void aBoatPickedAgainHasItsFieldsAndTheOfferedHourGivesWayToAStatus() {
         Window w;
         w.Open();
         w.FindBoat("Alpha");
@@ -209,11 +211,6 @@ private slots:
         Key(Qt::Key_F4);
         Enter();
         QVERIFY(w.Get("tTime")->isEnabled());
-    }
-
-    void theOfferedHourGoesWithANonFinishingStatusAndEnterPassesIt() {
-        Window w;
-        w.Open();
         w.FindBoat("1234");
         Keys("143512");
         Enter();
