@@ -7,5 +7,5 @@ INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom)
 INSERT INTO Class (Id, Series, ClassName, HandicapType)
     SELECT 0, Series, 'Any', HandicapType FROM Class WHERE ClassName = 'Fleet';
 UPDATE Entrant SET Class = 0 WHERE Boat = (SELECT Id FROM Boat WHERE BoatName = 'Lonely');
-UPDATE HandicapType SET Description = 'O''Neil''s <Club>'
+UPDATE HandicapType SET Description = 'O''Neil''s & <Club>'
     WHERE Id = (SELECT HandicapType FROM Class WHERE ClassName = 'Fleet');
