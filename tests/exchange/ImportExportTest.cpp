@@ -60,8 +60,7 @@ TEST_F(DemoSeason, BadFilesAreRefusedWhole) {
 TEST_F(DemoSeason, FinishesGiveTheResultsTyped) {
     const std::string typed = Exported(db, CsvKind::Results, kDemoRace);
     ASSERT_GT(std::count(typed.begin(), typed.end(), '\n'), 30);
-    ASSERT_EQ(Scalar(path, "SELECT count(*) FROM Results WHERE Status <> 9 AND Schedule=3") != "0",
-              true);
+    ASSERT_NE(Scalar(path, "SELECT count(*) FROM Results WHERE Status <> 9 AND Schedule=3"), "0");
     SQLite::Database(path, SQLite::OPEN_READWRITE).exec("DELETE FROM Results WHERE Schedule=3");
     WriteFile(folder.path() + "/finishes.csv", typed);
     ImportReport report;

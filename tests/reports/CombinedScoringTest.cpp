@@ -35,10 +35,9 @@ protected:
 
     // Every result's points in Id order, then every entrant's series total.
     std::vector<double> Stored() {
-        std::vector<double> figures = db.Numbers("SELECT Points FROM Results ORDER BY Id");
-        for (double total : db.Numbers("SELECT SeriesPoints FROM Entrant ORDER BY Id"))
-            figures.push_back(total);
-        return figures;
+        return db.Numbers(
+            "SELECT Points, 0 AS Part, Id FROM Results UNION ALL "
+            "SELECT SeriesPoints, 1, Id FROM Entrant ORDER BY 2, 3");
     }
 
     int race3 = 0;
