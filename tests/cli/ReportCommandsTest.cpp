@@ -89,6 +89,17 @@ protected:
         fs::copy(ProgramFolder() + "/Reports", reports, fs::copy_options::recursive);
         lastRace = std::stoi(Scalar(data, "SELECT max(Id) FROM Schedule"));
     }
+    // Runs the report command on the data file (the season's unless named); its exit status, a
+    // blank, and what it printed.
+    std::string Report(const std::string& race, const std::string& kind, const std::string& action,
+                       const std::string& file = "") {
+        std::string out;
+        const int status = RunCommand("report",
+                                      {"--data", file.empty() ? data : file, "--reports", reports,
+                                       "--race", race, "--kind", kind, "--action", action},
+                                      out);
+        return std::to_string(status) + " " + out;
+    }
     // Creates the every-entrant page of the kind for the last race, as the program does; the
     // message, and the file written in path.
     std::string MakeReport(int kind, std::string& path) {
@@ -134,15 +145,10 @@ TEST_F(CommandLineSeason, EveryShippedActionWritesItsReport) {
             continue;
         }
         const std::string letter(1, kReportLetters[kind]);
-        std::string out;
-        ASSERT_EQ(RunCommand("report",
-                             {"--data", data, "--reports", reports, "--race", "4", "--kind", letter,
-                              "--action", std::to_string(action)},
-                             out),
-                  0)
-            << line;
+        const std::string printed = Report("4", letter, std::to_string(action));
+        ASSERT_TRUE(printed.starts_with("0 ")) << line << ": " << printed;
         // The path printed is where the report is, published ones included.
-        const std::string path = FirstLine(out);
+        const std::string path = FirstLine(printed.substr(2));
         EXPECT_TRUE(fs::is_regular_file(path)) << line;
         const bool published = line.find("publish-to-web-folder") != std::string::npos;
         EXPECT_TRUE(path.starts_with(published ? web + "/summer-series-2026/" : reports + "/2026/"))
@@ -169,17 +175,9 @@ TEST_F(CommandLineSeason, PublishingKeepsAnArchiveOfTheSeasonsPages) {
     const std::string web = folder.path() + "/web";
     ::setenv("TALLYBOARD_WEB_FOLDER", web.c_str(), 1);
     const std::string series = web + "/summer-series-2026/";
-    auto publish = [&](const std::string& file, const char* race, const char* kind) {
-        std::string out;
-        const int status = RunCommand(
-            "report",
-            {"--data", file, "--reports", reports, "--race", race, "--kind", kind, "--action", "5"},
-            out);
-        return std::to_string(status) + " " + out;
-    };
-    EXPECT_EQ(publish(data, "4", "R"), "0 " + series + "race-4.htm\n");
-    EXPECT_EQ(publish(data, "4", "S"), "0 " + series + "index.htm\n");
-    EXPECT_EQ(publish(data, "5", "R"), "0 " + series + "race-5.htm\n");
+    EXPECT_EQ(Report("4", "R", "5"), "0 " + series + "race-4.htm\n");
+    EXPECT_EQ(Report("4", "S", "5"), "0 " + series + "index.htm\n");
+    EXPECT_EQ(Report("5", "R", "5"), "0 " + series + "race-5.htm\n");
     // The index of every season's pages, newest race first.
     EXPECT_EQ(test::ReadFile(web + "/index.htm"), test::DataFile("cli/published-index.htm"));
     for (const char* page : {"race-4.htm", "race-5.htm"}) {
@@ -198,7 +196,7 @@ TEST_F(CommandLineSeason, PublishingKeepsAnArchiveOfTheSeasonsPages) {
         db.exec("UPDATE Handicap SET Expires = '2026-01-01 00:00:00'");
     }
     messages.Clear();
-    EXPECT_TRUE(publish(unsettled, "6", "R").starts_with("1 " + reports + "/2026/"));
+    EXPECT_TRUE(Report("6", "R", "5", unsettled).starts_with("1 " + reports + "/2026/"));
     ASSERT_EQ(messages.Texts().size(), 1u);
     EXPECT_TRUE(messages.Texts()[0].starts_with("E-The results were not published"));
     EXPECT_FALSE(fs::exists(series + "race-6.htm"));
@@ -216,14 +214,10 @@ TEST_F(CommandLineSeason, HoldsAPlausibleSeason) {
 // header (so none holds only a heading, and the standings show the total on each).
 TEST_F(CommandLineSeason, ASixtyRaceSeasonReadsOnScreenPhoneAndPaper) {
     MakeSeason({"--boats", "60", "--races", "60", "--classes", "2"});
-    std::string out;
     auto page = [&](const char* kind) {
-        EXPECT_EQ(RunCommand("report",
-                             {"--data", data, "--reports", reports, "--race", "60", "--kind", kind,
-                              "--action", "0"},
-                             out),
-                  0);
-        return FirstLine(out);
+        const std::string printed = Report("60", kind, "0");
+        EXPECT_TRUE(printed.starts_with("0 ")) << printed;
+        return FirstLine(printed.substr(2));
     };
     const std::map<std::string, std::string> pages = {
         {"S", page("S")}, {"R", page("R")}, {"E", page("E")}};
