@@ -32,17 +32,21 @@ TEST(CheckDataFile, TakesAServerAddressWithoutAPassword) {
         EXPECT_EQ(clResults::CheckDataFile(row.at(0)), row.size() > 1 ? row[1] : "") << row[0];
 }
 
-// A server that cannot be reached, a refused login and a database that is not a Tallyboard
-// database each give the ConnectDb error with the server's own words, and nothing is made.
-TEST(ConnectDb, NamesWhyTheServerCannotBeUsed) {
+// A server that cannot be reached, a refused login, a database that is not a Tallyboard database
+// and one missing a table each give the ConnectDb error with the engine's own words, and nothing
+// is made or written.
+TEST(ConnectDb, NamesWhyTheDatabaseCannotBeUsedAndWritesNothing) {
     struct Case {
         std::string uri;
         std::string start;
         std::string words;
     };
-    std::vector<Case> cases = {{"postgresql:///club?host=/no/such/folder",
-                                "C-Error 08001 raised by PostgreSQL in ConnectDb\r",
-                                "/no/such/folder/.s.PGSQL"}};
+    TestDatabase missingATable;
+    missingATable.Exec("DROP TABLE EntryList");
+    std::vector<Case> cases = {
+        {"postgresql:///club?host=/no/such/folder",
+         "C-Error 08001 raised by PostgreSQL in ConnectDb\r", "/no/such/folder/.s.PGSQL"},
+        {missingATable.path(), "C-Error 3078 raised by Tallyboard in ConnectDb\r", "'EntryList'"}};
     if (TestDatabase::OnServer()) {
         const std::string maintenance = std::getenv("TALLYBOARD_TEST_POSTGRES");
         cases.push_back({maintenance + (maintenance.find('?') == std::string::npos ? "?" : "&") +
@@ -54,12 +58,13 @@ TEST(ConnectDb, NamesWhyTheServerCannotBeUsed) {
     for (const Case& c : cases) {
         DataFile = c.uri;
         clResults results;
-        std::string value;
-        const std::string Msg = results.GetSetting("Header", value);
+        const std::string Msg = results.PutSetting("Header", "Evening series");
         EXPECT_TRUE(Msg.starts_with(c.start)) << Msg;
         EXPECT_NE(Msg.find(c.words), std::string::npos) << Msg;
         EXPECT_FALSE(results.Connected());
     }
+    EXPECT_EQ(missingATable.Lines("SELECT Parameter FROM Settings WHERE Value IS NOT NULL"),
+              std::vector<std::string>{"Version"});
 }
 
 // Every row of every table, as text, sorted: the same for a database and its copy.
