@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
-#include <QTimer>
 
 namespace tb::test {
 
@@ -69,15 +68,16 @@ void FocusOn(QWidget* control) {
                Focused() ? qPrintable(Focused()->objectName()) : "nothing");
 }
 
-void Type(QWidget* field, const QString& text) {
-    FocusOn(field);
+void Controls::Type(const char* field, const QString& text) const {
+    FocusOn(Get(field));
     Key(Qt::Key_A, Qt::ControlModifier);
     if (text.isEmpty())
         Key(Qt::Key_Delete);
     Keys(text);
 }
 
-void Choose(QComboBox* list, const QString& text) {
+void Controls::Choose(const char* name, const QString& text) const {
+    auto* list = Get<QComboBox>(name);
     FocusOn(list);
     // A blank would open the list: the search goes as far as the first word. An editable list
     // takes typed text as a name, so its items are stepped through.
@@ -88,15 +88,26 @@ void Choose(QComboBox* list, const QString& text) {
             Key(step);
     }
     if (list->currentText() != text)
-        qFatal("%s offers no %s", qPrintable(list->objectName()), qPrintable(text));
+        qFatal("%s offers no %s", name, qPrintable(text));
 }
 
-void Press(QWidget* button) {
+void Controls::Press(const char* name) const {
+    QWidget* button = Get(name);
     ActivateWindowOf(button);
     // A tick box or option answers a click on its mark, not anywhere in its stretched width.
     const bool marked = qobject_cast<QPushButton*>(button) == nullptr;
     QTest::mouseClick(button, Qt::LeftButton, {},
                       marked ? QPoint(6, button->height() / 2) : button->rect().center());
+}
+
+QStringList Controls::Items(const char* list) const {
+    const auto* dropDown = qobject_cast<const QComboBox*>(Get(list));
+    const QAbstractItemModel* model =
+        dropDown != nullptr ? dropDown->model() : Get<QAbstractItemView>(list)->model();
+    QStringList items;
+    for (int row = 0; row < model->rowCount(); ++row)
+        items << model->index(row, 0).data().toString();
+    return items;
 }
 
 QString SharedAccelerators(const QWidget& window) {
@@ -118,20 +129,6 @@ QString SharedAccelerators(const QWidget& window) {
             shared += QString(user.key()) + ": " + user->join(", ") + "\n";
     }
     return shared;
-}
-
-QStringList Items(const QComboBox* list) {
-    QStringList items;
-    for (int i = 0; i < list->count(); ++i)
-        items << list->itemText(i);
-    return items;
-}
-
-QStringList Lines(const QListWidget* list) {
-    QStringList lines;
-    for (int i = 0; i < list->count(); ++i)
-        lines << list->item(i)->text();
-    return lines;
 }
 
 QStringList Shown(const RecordingMessages& messages) {
@@ -158,12 +155,12 @@ TemporarySettingsStore::~TemporarySettingsStore() {
     QSettings(QStringLiteral("Tallyboard"), QStringLiteral("Tallyboard")).clear();
 }
 
-NextModal::NextModal(std::function<void(QDialog&)> act) : poll(std::make_unique<QTimer>()) {
-    QObject::connect(poll.get(), &QTimer::timeout, [this, act = std::move(act)] {
+NextModal::NextModal(std::function<void(QDialog&)> act) {
+    QObject::connect(&poll, &QTimer::timeout, [this, act = std::move(act)] {
         auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (window == nullptr || !window->isVisible())
             return;
-        poll->stop();
+        poll.stop();
         name = window->objectName();
         // The keyboard goes to the new window, as a window manager gives it.
         window->activateWindow();
@@ -174,40 +171,21 @@ NextModal::NextModal(std::function<void(QDialog&)> act) : poll(std::make_unique<
         if (window->isVisible())
             window->done(QDialog::Rejected);
     });
-    poll->start(5);
+    poll.start(5);
 }
-
-NextModal::~NextModal() = default;
 
 RaceDay::RaceDay() {
     db.Exec(DataText("race-day.sql"));
 }
 
-int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo,
-                     int classId, double tcf) {
-    const std::string n = std::to_string(++boats);
-    db.Exec("INSERT INTO People (Id, Firstname, Lastname) VALUES (" + n + ", 'Helm', 'No " + n +
-            "')");
-    db.Insert("INSERT INTO Boat (Id, BoatName, FullSailNo, SailNo, BoatType, Owner) VALUES (" + n +
-                  ", ?1, ?2, " + std::to_string(sailNo) + ", 1, " + n + ")",
-              {name, fullSailNo});
-    db.Exec("INSERT INTO Handicap (Boat, HandicapType, Handicap, EffectiveFrom) VALUES (" + n +
-            ", 1, " + std::to_string(tcf) +
-            ", '2000-01-01 00:00:00');"
-            "INSERT INTO Entrant (Id, Series, Boat, Class, EntrantType, Entrant) VALUES (" +
-            n + ", 1, " + n + ", " + std::to_string(classId) + ", 0, " + n +
-            ");"
-            "INSERT INTO EntryList (Entrant, Schedule) VALUES (" +
-            n + ", 10)");
+int RaceDay::AddBoat(const std::string& name, const std::string& fullSailNo, int classId) {
+    const QString sailNo = QString::fromStdString(fullSailNo).section(' ', -1);
+    db.Exec(QString::fromStdString(DataText("race-day-boat.sql"))
+                .arg(++boats)
+                .arg(QString::fromStdString(name), QString::fromStdString(fullSailNo), sailNo)
+                .arg(classId)
+                .toStdString());
     return boats;
-}
-
-void RaceDay::Start(int classId, const std::string& hhmm) {
-    const std::string cls = std::to_string(classId);
-    db.Exec("DELETE FROM Start WHERE Schedule=10 AND Class=" + cls +
-            ";"
-            "INSERT INTO Start (Schedule, Class, StartTime) VALUES (10, " +
-            cls + ", '2005-06-12 " + hhmm.substr(0, 2) + ":" + hhmm.substr(2, 2) + ":00')");
 }
 
 }  // namespace tb::test

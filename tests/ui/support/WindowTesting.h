@@ -9,8 +9,8 @@
 #include <QString>
 #include <QStringList>
 #include <QTest>
+#include <QTimer>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,17 +19,7 @@
 #include "support/TestDatabase.h"
 #include "ui/ReportViewer.h"
 
-class QTimer;
-
 namespace tb::test {
-
-template <typename T>
-T* Find(const QObject* window, const QString& name) {
-    T* found = window->findChild<T*>(name);
-    if (found == nullptr)
-        qFatal("no control named %s", qPrintable(name));
-    return found;
-}
 
 // A fresh database with the program's operations over it and its messages recorded.
 struct Club {
@@ -73,13 +63,6 @@ inline void Enter() {
 // Gives the control the keyboard: a click into a text field, Tab through the window otherwise
 // (a click would open a list or press a button).
 void FocusOn(QWidget* control);
-// Replaces the text of a field or an editable list by selecting all of it and typing.
-void Type(QWidget* field, const QString& text);
-// Chooses a list's item by the keyboard: its first word searched, then arrow keys.
-void Choose(QComboBox* list, const QString& text);
-void Press(QWidget* button);
-QStringList Items(const QComboBox* list);
-QStringList Lines(const QListWidget* list);
 // The messages shown, each as kind letter + "-" + text.
 QStringList Shown(const RecordingMessages& messages);
 
@@ -92,15 +75,18 @@ struct Controls {
     const QObject* window;
     template <typename T = QWidget>
     T* Get(const char* name) const {
-        return Find<T>(window, name);
+        T* found = window->findChild<T*>(name);
+        if (found == nullptr)
+            qFatal("no control named %s", name);
+        return found;
     }
-    void Press(const char* button) const { test::Press(Get<QWidget>(button)); }
-    void Type(const char* field, const QString& text) const {
-        test::Type(Get<QWidget>(field), text);
-    }
-    void Choose(const char* list, const QString& text) const {
-        test::Choose(Get<QComboBox>(list), text);
-    }
+    void Press(const char* button) const;
+    // Replaces the text of a field or an editable list by selecting all of it and typing.
+    void Type(const char* field, const QString& text) const;
+    // Chooses a list's item by the keyboard: its first word searched, then arrow keys.
+    void Choose(const char* list, const QString& text) const;
+    // The lines of a list, or the items of a drop-down list.
+    QStringList Items(const char* list) const;
     QString Text(const char* field) const { return Get<QLineEdit>(field)->text(); }
     QString Current(const char* list) const { return Get<QComboBox>(list)->currentText(); }
     QString Label(const char* label) const { return Get<QLabel>(label)->text(); }
@@ -145,21 +131,18 @@ inline void SettleEvents() {
 // hang on it. `name` tells which window opened; it stays empty when none did.
 struct NextModal {
     explicit NextModal(std::function<void(QDialog&)> act = {});
-    ~NextModal();
     QString name;
-    std::unique_ptr<QTimer> poll;
+    QTimer poll;
 };
 
 // A race evening in a fresh database: series "Summer Series" (Id 1) with "Class 1" and
-// "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10). Boats are entered in
-// the series and the race with a handicap of 1.000 valid all season.
+// "Class 2" on one handicap type, race "Race 1" on 12 Jun 2005 (Id 10), no class started. Boats
+// are entered in the series and the race with a handicap of 1.000 valid all season; the sail
+// number is the last word of the full one.
 struct RaceDay {
     RaceDay();
 
-    int AddBoat(const std::string& name, const std::string& fullSailNo, int sailNo, int classId,
-                double tcf = 1.0);
-    // Starts the class in race 10 at hh:mm on the race day.
-    void Start(int classId, const std::string& hhmm);
+    int AddBoat(const std::string& name, const std::string& fullSailNo, int classId);
 
     TestDatabase db;
     static constexpr int kSeries = 1;
