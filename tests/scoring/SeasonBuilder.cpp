@@ -91,10 +91,4 @@ double SeasonBuilder::Points(int race, int entrant) {
     return points.empty() ? -999 : points.front();
 }
 
-double SeasonBuilder::SeriesPoints(int entrant) {
-    const std::vector<double> points =
-        db_.Numbers("SELECT SeriesPoints FROM Entrant WHERE Id=?", {std::to_string(entrant)});
-    return points.empty() ? -999 : points.front();
-}
-
 }  // namespace tb::test

@@ -28,7 +28,6 @@ public:
     void Exec(const std::string& sql) { db_.Exec(sql); }
 
     double Points(int race, int entrant);
-    double SeriesPoints(int entrant);
 
     int seriesId = 1;
 

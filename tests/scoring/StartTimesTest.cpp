@@ -81,15 +81,5 @@ TEST_F(StartTimesTest, PutStartTimeStoresTheTimeAndEmptyTextsAsNull) {
     EXPECT_EQ(db.Text(start), "-|-|-");
 }
 
-TEST_F(StartTimesTest, FailuresNameTheOperation) {
-    EXPECT_TRUE(test::IsRunTimeError(results.PutStartTime(999, Value(), "", ""), "PutStartTime"));
-    db.Exec("DROP TABLE Start");
-    RowSet rows;
-    EXPECT_TRUE(test::IsRunTimeError(results.GetStartTimes(1, 10, rows), "GetStartTimes"));
-    EXPECT_TRUE(test::IsRunTimeError(results.GetStartTimeForEntrant(10, 5, rows),
-                                     "GetStartTimeForEntrant"));
-    EXPECT_EQ(rows, RowSet(4, 1));
-}
-
 }  // namespace
 }  // namespace tb

@@ -12,20 +12,9 @@
 namespace tb {
 namespace {
 
-// One series with four races in June 2002, one class of type IRC and one boat owned by
-// Ann O'Hara.
 class EntriesTest : public test::SeriesFixture {
 protected:
-    void SetUp() override {
-        series = AddSeries("Summer");
-        for (int day : {4, 11, 18, 25})
-            races.push_back(AddRace(series, "Race " + std::to_string(day),
-                                    "2002-06-" + std::to_string(day + 100).substr(1)));
-        irc = AddHandicapType("IRC");
-        classId = AddClass(series, "Class 1", irc);
-        owner = AddPerson("Ann", "O'Hara");
-        boat = AddBoat("Kestrel", "GBR 1", owner);
-    }
+    void SetUp() override { db.Exec(test::DataFile("series/entries.sql")); }
 
     std::string Save(std::vector<int> entered, const std::string& name = "", int entering = 0) {
         return results.PutEntryDetails(entering ? entering : boat, series, owner, classId,
@@ -38,21 +27,21 @@ protected:
         return found;
     }
 
-    int series = 0;
-    std::vector<int> races;
-    int irc = 0;
-    int classId = 0;
-    int owner = 0;
-    int boat = 0;
+    // The arranged rows: the series, its races, the class, the owner and Kestrel.
+    const int series = 1;
+    std::vector<int> races{1, 2, 3, 4};
+    const int classId = 1;
+    const int owner = 1;
+    const int boat = 1;
 };
 
 TEST_F(EntriesTest, TheRaceListBecomesExactlyThePositiveIdsGiven) {
-    // The race Ids of numbers 1-4 in the text, 0 for 0.
-    auto racesOf = [&](const std::string& text) {
+    // The race Ids in the text (races 1-4 have Ids 1-4).
+    auto racesOf = [](const std::string& text) {
         std::vector<int> ids;
         std::istringstream numbers(text);
         for (int n; numbers >> n;)
-            ids.push_back(n == 0 ? 0 : races.at(n - 1));
+            ids.push_back(n);
         return ids;
     };
     for (const auto& row : test::DataFileRows("series/race-lists.tsv")) {
@@ -113,10 +102,6 @@ TEST_F(EntriesTest, DetailsShowTheOwnerAndTodayUntilEnteredThenTheTcfOfEachRace)
     };
     const std::string before = details();
     EXPECT_EQ(date, FormatDate(Today(), "dd/mm/yy"));
-    const int club = AddHandicapType("Club");
-    AddHandicap(boat, irc, 0.95, "2002-06-10", "2002-06-20");
-    AddHandicap(boat, irc, 0.97, "", "2002-06-05");
-    AddHandicap(boat, club, 1.2, "");  // another type never counts
     ASSERT_EQ(Save(races, "Kes"), "");
     person = 0;
     EXPECT_EQ(before + details(), test::Expected("series/entries.txt", "details"));
@@ -128,9 +113,7 @@ TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
     ASSERT_EQ(results.GetEntries(series, rows), "");
     EXPECT_TRUE(rows.IsEmpty());
 
-    const int second = AddBoat("kestrel", "GBR 0", owner);
-    const int third = AddBoat("Avocet", "GBR 9", owner);
-    for (int b : {boat, second, third})
+    for (int b : {1, 2, 3})
         ASSERT_EQ(Save({races[0]}, "", b), "");
     ASSERT_EQ(results.GetEntries(series, rows), "");
     RowSet forRace;
@@ -159,9 +142,8 @@ TEST_F(EntriesTest, CheckResultsFindsTheEntrantAndWhetherItHasResults) {
 }
 
 TEST_F(EntriesTest, RemovingAnEntrantTakesItsResultsAndRacesAndNothingElse) {
-    const int other = AddBoat("Avocet", "GBR 9", owner);
     ASSERT_EQ(Save(races), "");
-    ASSERT_EQ(Save({races[0]}, "", other), "");
+    ASSERT_EQ(Save({races[0]}, "", 3), "");
     AddResult(1, races[0]);
     AddResult(2, races[0]);
     db.ForgetStamp();

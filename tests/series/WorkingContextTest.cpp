@@ -9,34 +9,29 @@
 namespace tb {
 namespace {
 
-using WorkingContextTest = test::SeriesFixture;
+// Four series and their races, as the main window lists them by year.
+class WorkingContextTest : public test::SeriesFixture {
+protected:
+    void SetUp() override { db.Exec(test::DataFile("series/working-context.sql")); }
+};
 using ScheduleTest = test::SeriesFixture;
 using test::Column;
 
-TEST_F(WorkingContextTest, YearsAndSeriesFollowTheRaceDates) {
-    const int winter = AddSeries("Winter");
-    const int summer = AddSeries("Summer");
-    AddSeries("Autumn");  // no races: in no year, but in the list of every series
-    AddRace(winter, "Race 1", "2001-12-02");
-    AddRace(winter, "Race 2", "2002-01-06");
-    AddRace(summer, "Race 1", "2002-06-18");
-    AddRace(99, "Orphan", "1999-05-05");  // of no series
-
-    RowSet years;
-    ASSERT_EQ(results.GetYears(years), "");
-    std::string listed = test::Rendered(years);
+TEST_F(WorkingContextTest, YearsSeriesAndRacesFollowTheRaceDates) {
+    RowSet rows;
+    ASSERT_EQ(results.GetYears(rows), "");
+    std::string listed = test::Rendered(rows);
     for (const char* year : {"2002", "2001", "1999", ""}) {
-        RowSet series;
-        ASSERT_EQ(results.GetSeries(series, year), "");
-        listed += std::string("in '") + year + "':\n" + test::Rendered(series);
+        ASSERT_EQ(results.GetSeries(rows, year), "");
+        listed += std::string("in '") + year + "':\n" + test::Rendered(rows);
     }
-    EXPECT_EQ(listed, test::Expected("series/working-context.txt", "series by year"));
+    ASSERT_EQ(results.GetSchedule(rows, 2), "");
+    EXPECT_EQ(listed + test::Rendered(rows), test::Expected("series/working-context.txt", "lists"));
+    ASSERT_EQ(results.GetSchedule(rows, 555), "");
+    EXPECT_TRUE(rows.IsEmpty());
 }
 
 TEST_F(WorkingContextTest, TheRememberedContextIsReturnedAsStored) {
-    const int summer = AddSeries("Summer");
-    AddRace(summer, "Race 1", "2002-06-18");
-
     RowSet years;
     std::string year = "none";
     ASSERT_EQ(results.GetCurrentYear(years, year), "");
@@ -56,29 +51,13 @@ TEST_F(WorkingContextTest, TheRememberedContextIsReturnedAsStored) {
     EXPECT_EQ(year, "2002");
     ASSERT_EQ(results.GetCurrentSeries(series, current, year), "");
     EXPECT_EQ(current, 41);
-    EXPECT_EQ(Column(series, 1), (std::vector<std::string>{"Summer"}));
+    EXPECT_EQ(Column(series, 1), (std::vector<std::string>{"Other", "Summer", "Winter"}));
 
     RowSet schedule;
     int race = 0;
-    ASSERT_EQ(results.GetCurrentSchedule(schedule, summer, race), "");
+    ASSERT_EQ(results.GetCurrentSchedule(schedule, 2, race), "");
     EXPECT_EQ(race, 7);
-    EXPECT_EQ(Column(schedule, 1), (std::vector<std::string>{"Race 1"}));
-}
-
-TEST_F(WorkingContextTest, RacesAreOrderedByDateThenNameAndKeepTheirTypes) {
-    const int summer = AddSeries("Summer");
-    const int other = AddSeries("Other");
-    AddRace(summer, "b race", "2002-06-18", true);
-    AddRace(summer, "A race", "2002-06-18");
-    AddRace(summer, "Early", "2002-05-01");
-    AddRace(other, "Elsewhere", "2002-06-01");
-
-    RowSet schedule;
-    ASSERT_EQ(results.GetSchedule(schedule, summer), "");
-    EXPECT_EQ(test::Rendered(schedule), test::Expected("series/working-context.txt", "races"));
-
-    ASSERT_EQ(results.GetSchedule(schedule, 555), "");
-    EXPECT_TRUE(schedule.IsEmpty());
+    EXPECT_EQ(Column(schedule, 1), (std::vector<std::string>{"Early", "A race", "b race"}));
 }
 
 TEST_F(ScheduleTest, ARaceReadsBackAsSavedWithAnEmptyReferenceAsNull) {
@@ -116,15 +95,8 @@ TEST_F(ScheduleTest, NewRacesAreAddedAndAnExistingOneIsUpdatedInPlace) {
 }
 
 TEST_F(ScheduleTest, ARaceWithAnEntryIsKeptUntilTheEntryIsGone) {
-    const int series = AddSeries("Summer");
-    const int race = AddRace(series, "Race 1", "2002-06-18");
-    const int irc = AddHandicapType("IRC");
-    const int owner = AddPerson("Ann", "Hara");
-    const int entrant =
-        AddEntrant(series, AddBoat("Kestrel", "GBR 1", owner), AddClass(series, "C1", irc), owner);
-    Enter(entrant, race);
-    db.Exec("INSERT INTO Start (Schedule, Class) VALUES (" + std::to_string(race) + ", 1)");
-    db.ForgetStamp();
+    db.Exec(test::DataFile("series/race-with-entry.sql"));
+    const int race = 1;
 
     EXPECT_EQ(results.RemoveSchedule(race),
               "E-It is not possible to remove this scheduled race as there are boats entered in "
