@@ -18,16 +18,14 @@ protected:
     void Write(const std::string& text) {
         std::ofstream(folder.path() + "/Tallyboard.ini", std::ios::binary) << text;
     }
-    // The section's title, then each action's fields separated by '|'.
-    std::vector<std::string> Section(const clResults& read, std::size_t slot) {
+    // The section's title, then each action's fields separated by '|', one a line.
+    std::string Section(const clResults& read, std::size_t slot) {
         const ReportSection& s = read.ReportMenu()[slot];
-        std::vector<std::string> texts = {s.Title};
-        for (const ReportAction& a : s.Actions) {
-            texts.push_back(a.Caption + "|" + a.StyleSheet + "|" + a.OutputObject + "|" +
-                            a.OutputFile + "|" + std::to_string(a.Option) + "|" +
-                            std::to_string(a.Viewer));
-        }
-        return texts;
+        std::string text = s.Title + "\n";
+        for (const ReportAction& a : s.Actions)
+            text += a.Caption + "|" + a.StyleSheet + "|" + a.OutputObject + "|" + a.OutputFile +
+                    "|" + std::to_string(a.Option) + "|" + std::to_string(a.Viewer) + "\n";
+        return text;
     }
 
     test::TempFolder folder;
@@ -39,10 +37,8 @@ TEST_F(InitialisationFileTest, TakesActionLinesApartWhateverTheSpacingAndLineEnd
         "\xEF\xBB\xBF[Entry list]\r\nResults=a.xsl,,out.htm,1,2\r\n\r\n   \r\n  Bare=,,,1,1   \n" +
         std::string(5000, ' ') + "\nWeb=w.xsl,publish,page.htm,0,3\n[Series, combined]\r\n");
     ASSERT_EQ(results.GetInitialisationInfo(), "");
-    EXPECT_EQ(Section(results, 0),
-              (std::vector<std::string>{"Entry list", "Results|a.xsl||out.htm|1|2", "Bare||||1|1",
-                                        "Web|w.xsl|publish|page.htm|0|3"}));
-    EXPECT_EQ(Section(results, 1), std::vector<std::string>{"Series, combined"});
+    EXPECT_EQ(Section(results, 0) + Section(results, 1),
+              test::Expected("app/report-menus.txt", "spacing and line ends"));
 }
 
 // Each malformed line stops the reading with its trimmed text; what came before stays.
@@ -58,7 +54,7 @@ TEST_F(InitialisationFileTest, MalformedLinesAreNamed) {
             continue;
         }
         EXPECT_EQ(Msg, "E-Error in initialisation file entry: " + line);
-        EXPECT_EQ(Section(fresh, 0), (std::vector<std::string>{"Kept", "Good|g.xsl|||0|1"}));
+        EXPECT_EQ(Section(fresh, 0), "Kept\nGood|g.xsl|||0|1\n");
         EXPECT_EQ(fresh.ReportMenu()[1].Title, "");
     }
 
@@ -75,7 +71,7 @@ TEST_F(InitialisationFileTest, TheEleventhSectionIsTheFaultyEntry) {
     Write(text);
     EXPECT_EQ(results.GetInitialisationInfo(),
               "E-Error in initialisation file entry: [Section 10]");
-    EXPECT_EQ(Section(results, 9), (std::vector<std::string>{"Section 9", "A|a.xsl|||0|1"}));
+    EXPECT_EQ(Section(results, 9), "Section 9\nA|a.xsl|||0|1\n");
 }
 
 TEST_F(InitialisationFileTest, IsReadOncePerRunUnlessTheFirstSlotIsFree) {

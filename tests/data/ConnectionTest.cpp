@@ -1,10 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
-#include <SQLiteCpp/Database.h>
-
 #include "app/Globals.h"
 #include "data/Schema.h"
 #include "data/clResults.h"
@@ -17,35 +12,6 @@ namespace {
 
 using test::RecordingMessages;
 using test::TempFolder;
-
-// Files that are not a Tallyboard database: each gives the ConnectDb error and is left as it was.
-TEST(ConnectDb, RefusesWhatIsNotATallyboardDatabase) {
-    TempFolder folder;
-    const std::string empty = folder.path() + "/empty.db";
-    const std::string text = folder.path() + "/notes.db";
-    const std::string foreign = folder.path() + "/other.db";
-    std::ofstream(empty).close();
-    std::ofstream(text) << "Club notes, not a database\n";
-    {
-        SQLite::Database other(foreign, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        other.exec("CREATE TABLE Accounts (Id INTEGER, Name TEXT)");
-    }
-    for (const std::string& path :
-         {folder.path(), empty, text, foreign, folder.path() + "/missing.db"}) {
-        SCOPED_TRACE(path);
-        const bool isFile = std::filesystem::is_regular_file(path);
-        const std::string before = isFile ? test::ReadFile(path) : "";
-        DataFile = path;
-        clResults results;
-        std::string value;
-        EXPECT_TRUE(test::IsRunTimeError(results.GetSetting("Header", value), "ConnectDb"));
-        EXPECT_FALSE(results.Connected());
-        if (isFile) {
-            EXPECT_EQ(test::ReadFile(path), before);
-        }
-    }
-    EXPECT_FALSE(std::filesystem::exists(folder.path() + "/missing.db"));
-}
 
 TEST(ConnectDb, ConnectsOnceTheFileAppearsWithoutRestarting) {
     TempFolder folder;

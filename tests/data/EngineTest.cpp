@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 
 #include "app/Globals.h"
 #include "data/Connection.h"
@@ -32,34 +33,46 @@ TEST(CheckDataFile, TakesAServerAddressWithoutAPassword) {
         EXPECT_EQ(clResults::CheckDataFile(row.at(0)), row.size() > 1 ? row[1] : "") << row[0];
 }
 
-// A server that cannot be reached, a refused login and a database that is not a Tallyboard
-// database each give the ConnectDb error with the server's own words, and nothing is made.
-TEST(ConnectDb, NamesWhyTheServerCannotBeUsed) {
-    struct Case {
-        std::string uri;
-        std::string start;
-        std::string words;
-    };
-    std::vector<Case> cases = {{"postgresql:///club?host=/no/such/folder",
-                                "C-Error 08001 raised by PostgreSQL in ConnectDb\r",
-                                "/no/such/folder/.s.PGSQL"}};
-    if (TestDatabase::OnServer()) {
-        const std::string maintenance = std::getenv("TALLYBOARD_TEST_POSTGRES");
-        cases.push_back({maintenance + (maintenance.find('?') == std::string::npos ? "?" : "&") +
-                             "user=nobody_here",
-                         "C-Error 08001 raised by PostgreSQL in ConnectDb\r", "nobody_here"});
-        cases.push_back({maintenance, "C-Error 3078 raised by Tallyboard in ConnectDb\r",
-                         "cannot find the input table 'People'"});
-    }
-    for (const Case& c : cases) {
-        DataFile = c.uri;
+// Whatever is not a usable Tallyboard database gives the ConnectDb error with the engine's own
+// words, and is left as it was: nothing is made and nothing written.
+TEST(ConnectDb, NamesWhyTheDatabaseCannotBeUsedAndWritesNothing) {
+    TempFolder folder;
+    const std::string in = folder.path() + "/";
+    test::WriteFile(in + "empty.db", "");
+    test::WriteFile(in + "notes.db", "Club notes, not a database\n");
+    OpenOrCreateConnection(in + "other.db")->Exec("CREATE TABLE Accounts (Id INTEGER, Name TEXT)");
+    const std::string files = test::ReadFile(in + "notes.db") + test::ReadFile(in + "other.db");
+    TestDatabase missingATable;
+    missingATable.Exec("DROP TABLE EntryList");
+    const char* server = std::getenv("TALLYBOARD_TEST_POSTGRES");
+    const std::string maintenance = server == nullptr ? "" : server;
+    const std::map<std::string, std::string> targets = {
+        {"a folder", folder.path()},
+        {"a missing file", in + "missing.db"},
+        {"an empty file", in + "empty.db"},
+        {"a text file", in + "notes.db"},
+        {"another program's database", in + "other.db"},
+        {"a database missing a table", missingATable.path()},
+        {"an unreachable server", "postgresql:///club?host=/no/such/folder"},
+        {"an unknown login", maintenance +
+                                 (maintenance.find('?') == std::string::npos ? "?" : "&") +
+                                 "user=nobody_here"},
+        {"an empty server database", maintenance}};
+    for (const auto& row : test::DataFileRows("data/refused-databases.tsv")) {
+        if (row.at(1) == "server" && server == nullptr)
+            continue;
+        DataFile = targets.at(row.at(0));
         clResults results;
-        std::string value;
-        const std::string Msg = results.GetSetting("Header", value);
-        EXPECT_TRUE(Msg.starts_with(c.start)) << Msg;
-        EXPECT_NE(Msg.find(c.words), std::string::npos) << Msg;
-        EXPECT_FALSE(results.Connected());
+        const std::string Msg = results.PutSetting("Header", "Evening series");
+        EXPECT_TRUE(Msg.starts_with(row.at(2))) << row[0] << ": " << Msg;
+        EXPECT_NE(Msg.find(row.at(3)), std::string::npos) << row[0] << ": " << Msg;
+        EXPECT_FALSE(results.Connected()) << row[0];
     }
+    EXPECT_EQ(test::ReadFile(in + "empty.db"), "");
+    EXPECT_EQ(test::ReadFile(in + "notes.db") + test::ReadFile(in + "other.db"), files);
+    EXPECT_FALSE(std::filesystem::exists(in + "missing.db"));
+    EXPECT_EQ(missingATable.Lines("SELECT Parameter FROM Settings WHERE Value IS NOT NULL"),
+              std::vector<std::string>{"Version"});
 }
 
 // Every row of every table, as text, sorted: the same for a database and its copy.

@@ -55,19 +55,6 @@ TEST(Faults, AWriteLockedFileIsWaitedForThenReported) {
     EXPECT_EQ(db.Text("PRAGMA integrity_check"), "ok");
 }
 
-TEST(Faults, ADatabaseMissingATableIsRefusedAndLeftAsItWas) {
-    TestDatabase db;
-    RecordingMessages messages;
-    db.Exec("DROP TABLE EntryList");
-    const long long settings = db.Count("Settings");
-    clResults results;
-    const std::string Msg = results.PutSetting("Header", "Evening series");
-    EXPECT_TRUE(Msg.starts_with("C-Error 3078 raised by ")) << Msg;
-    EXPECT_NE(Msg.find(" in ConnectDb\r"), std::string::npos) << Msg;
-    EXPECT_EQ(db.Count("Settings"), settings);
-    EXPECT_EQ(db.Text("SELECT Value FROM Settings WHERE Parameter='Header'"), "");
-}
-
 TEST(Faults, AReadOnlyDataFileGivesAMessageAndStaysAsItWas) {
     if (TestDatabase::OnServer())
         GTEST_SKIP() << "a database on the server has no file";

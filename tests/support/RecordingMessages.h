@@ -9,8 +9,8 @@
 namespace tb::test {
 
 // Records every message and question instead of showing it, and answers questions from a
-// script (Yes when the script has run out, unless told otherwise). Installs itself as the
-// program's message interface for its lifetime.
+// script (Yes when the script has run out). Installs itself as the program's message interface
+// for its lifetime.
 class RecordingMessages : public MessageInterface {
 public:
     RecordingMessages() { SetMessageInterface(this); }
@@ -26,9 +26,7 @@ public:
 
     std::vector<MessageBoxText> shown;
     std::vector<std::string> questions;
-    std::vector<std::string> questionTitles;
     std::deque<bool> answers;
-    bool answerWhenUnscripted = true;
     int beeps = 0;
 };
 

@@ -1,25 +1,24 @@
 #pragma once
 
+// For the tests that open a database file themselves.
 #include <SQLiteCpp/Database.h>
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "data/Connection.h"
+
 namespace tb::test {
-
-class ServerDatabase;
-
-// One row a query found: each cell's text, nothing for Null.
-using TextRow = std::vector<std::optional<std::string>>;
 
 // A fresh database made by createdb, removed afterwards: a file in its own temporary folder, or,
 // when TALLYBOARD_TEST_POSTGRES holds the URI of a PostgreSQL server's maintenance database, a
-// database of its own on that server. DataFile points at it for the lifetime of the object.
-// The helpers below use a second connection for arranging rows and checking what operations
-// wrote; their SQL runs on both engines, with texts bound to ?1, ?2, ... (or ? in order).
+// database of its own on that server, copied from a template made once per build of the tests.
+// DataFile points at it for the lifetime of the object. The helpers below use a second
+// connection for arranging rows and checking what operations wrote; their SQL runs on both
+// engines, with texts bound to ?1, ?2, ... (or ? in order), and reads back the same texts on
+// both: real numbers as SQLite writes them (fifteen significant digits, "1.0"), dates as stored.
 class TestDatabase {
 public:
     TestDatabase();
@@ -34,15 +33,13 @@ public:
     // The data file: a file path, or the URI of this test's database on the server.
     const std::string& path() const { return path_; }
 
-    // The connection to a database file, for what only a file has (locks, pragmas, handles).
-    SQLite::Database& raw();
     void Exec(const std::string& sql);
     // Runs an INSERT into a table with an Id and returns the new row's Id.
     int Insert(const std::string& sql, const std::vector<std::string>& texts = {});
     long long Count(const std::string& table, const std::string& where = "");
     // The first column of the first row as text ("" for Null, "<no row>" when nothing is found).
     std::string Text(const std::string& sql);
-    // The first column of every row ("" for Null). Real numbers read the same on both engines.
+    // The first column of every row ("" for Null).
     std::vector<std::string> Column(const std::string& sql,
                                     const std::vector<std::string>& texts = {});
     // The first column of every row as exact numbers (0 for Null).
@@ -53,18 +50,19 @@ public:
     // server, names as it folds them, and each type by the name a file gives it.
     std::map<std::string, std::string> Format();
     // The column telling where a row is stored: a row deleted and written again moves.
-    const char* RowLocation() const { return server_ ? "ctid" : "rowid"; }
+    const char* RowLocation() const { return OnServer() ? "ctid" : "rowid"; }
     // Whether an operation has stamped the data as changed, and forgetting that it did.
     bool Stamped() { return Count("Settings", "Parameter='LastModified'") == 1; }
     void ForgetStamp() { Exec("DELETE FROM Settings WHERE Parameter='LastModified'"); }
 
 private:
-    std::vector<TextRow> Query(const std::string& sql, const std::vector<std::string>& texts);
+    std::vector<std::vector<Value>> Query(const std::string& sql,
+                                          const std::vector<std::string>& texts);
 
     std::string folder_;
+    std::string serverName_;
     std::string path_;
-    std::unique_ptr<ServerDatabase> server_;
-    std::unique_ptr<SQLite::Database> raw_;
+    std::unique_ptr<Connection> db_;
 };
 
 // A temporary folder removed with everything in it afterwards.
