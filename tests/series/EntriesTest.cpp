@@ -106,6 +106,9 @@ TEST_F(EntriesTest, DetailsShowTheOwnerAndTodayUntilEnteredThenTheTcfOfEachRace)
     person = 0;
     EXPECT_EQ(before + details(), test::Expected("series/entries.txt", "details"));
     EXPECT_EQ(date, "01/06/2002");
+    ASSERT_EQ(Save(races, "", 3), "");
+    ASSERT_EQ(results.GetEntryDetails(3, series, person, cls, date, type, name, raceRows), "");
+    EXPECT_EQ(test::Rendered(raceRows), test::Expected("series/entries.txt", "open-ended"));
 }
 
 TEST_F(EntriesTest, EntriesAreListedByBoatNameThenSailNumber) {
